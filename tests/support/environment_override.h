@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace ovalis::test {
+
+/// Gives an environment variable another value, or none, and restores it at scope end.
+class EnvironmentOverride {
+public:
+    EnvironmentOverride(const std::string& name, const std::optional<std::string>& value);
+    ~EnvironmentOverride();
+    EnvironmentOverride(const EnvironmentOverride&) = delete;
+    EnvironmentOverride& operator=(const EnvironmentOverride&) = delete;
+
+private:
+    std::string name_;
+    std::optional<std::string> before_;
+};
+
+/// The value of a variable in UTF-8, none when it is not set.
+std::optional<std::string> environmentVariable(const std::string& name);
+
+/// Sets a variable, or removes it. @throws std::runtime_error when the system refuses.
+void setEnvironmentVariable(const std::string& name, const std::optional<std::string>& value);
+
+} // namespace ovalis::test
