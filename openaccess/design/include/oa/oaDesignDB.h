@@ -1,0 +1,5 @@
+#pragma once
+
+#include "oaDesignException.h"
+#include "oaDesignInit.h"
+#include "oaTechDB.h"

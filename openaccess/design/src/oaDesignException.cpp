@@ -1,0 +1,64 @@
+#include "oaDesignException.h"
+
+#include "base/src/messages.h"
+
+namespace OpenAccess_4 {
+
+namespace {
+
+constexpr impl::MessageFormat formats[] = {
+    {oacCannotFindDesign, "There is no design '%s/%s/%s'."},
+    {oacMismatchViewTypeForOpen, "Design '%s/%s/%s' has view type '%s', not '%s'."},
+    {oacInvalidDesignViewType, "View type '%s' is not one of a design."},
+    {oacOpenUndefinedModeDesign,
+     "Design '%s/%s/%s' cannot be opened in mode '%c'; use 'r', 'a' or 'w'."},
+    {oacDesignCannotGetReadAccess, "Design '%s/%s/%s' cannot be read: %s."},
+    {oacDesignCannotGetWriteAccess, "Design '%s/%s/%s' cannot be edited: %s."},
+    {oacDesignHasReadNeedWriteAccess,
+     "Design '%s/%s/%s' is open for reading and needs write access."},
+    {oacSaveReadOnlyDesign, "Design '%s/%s/%s' is open for reading and cannot be saved."},
+    {oacSaveScratchModeDesign, "Design '%s/%s/%s' is a submaster and cannot be saved."},
+    {oacCannotModifyReadModeDesign, "Design '%s/%s/%s' is open for reading and cannot be changed."},
+    {oacBlockExists, "Design '%s/%s/%s' already has a top block."},
+    {oacNetExists, "There is already a net named '%s'."},
+    {oacInvalidNetName, "'%s' is not a valid net name: %s."},
+    {oacTermExists, "There is already a terminal named '%s'."},
+    {oacInvalidTermName, "'%s' is not a valid terminal name: %s."},
+    {oacTermPositionAlreadyTaken, "Terminal position %u is already taken by '%s'."},
+    {oacPinExists, "Terminal '%s' already has a pin named '%s'."},
+    {oacPinAndFigNotInSameBlock, "The pin '%s' and the figure lie in different blocks."},
+    {oacCannotAddNetFigToPin, "A figure of a net cannot be added to pin '%s'."},
+    {oacLineTooFewPoints, "A line needs at least 2 points, %u given."},
+    {oacPathTooFewPoints, "A path needs at least 2 points, %u given."},
+    {oacPolygonTooFewPoints, "A polygon needs at least 3 points, %u given."},
+    {oacPolygonHasExtraPoints, "The polygon has collinear, repeated or closing points."},
+    {oacRectBBoxInvalid, "The box (%d %d) (%d %d) of a rectangle is inverted or has no area."},
+    {oacInstNameExists, "There is already an instance named '%s'."},
+    {oacInvalidSuperMaster, "Design '%s/%s/%s' is not a pcell super master."},
+    {oacInvalidSubMaster, "Design '%s/%s/%s' is not a pcell submaster."},
+    {oacInvalidPcellMaster, "Design '%s/%s/%s' is neither a pcell super master nor a submaster."},
+    {oacPcellLinkExists, "A pcell evaluator named '%s' is already registered."},
+    {oacPcellEvaluatorNotFound, "There is no pcell evaluator named '%s'."},
+    {oacPcellInvalidPcellDef, "The pcell definition given is not valid."},
+    {oacPcellMasterNotBound, "The pcell master of '%s' is not bound."},
+    {oacParamsSuppliedForNonPCellInstMaster,
+     "Parameters were given for master '%s/%s/%s', which is not a pcell."},
+    {oacInvalidDataTypeForParam,
+     "Parameter '%s' does not exist with this type in the pcell '%s/%s/%s'."},
+    {oacPcellSubMasterNotProduced, "The pcell submaster cannot be produced."},
+};
+
+} // namespace
+
+const oaChar* oaDesignException::getFormatString() const {
+    return impl::findFormat(formats, getMsgId());
+}
+
+oaDesignError::oaDesignError(oaUInt4 msgId, ...) : oaDesignException(msgId) {
+    va_list args;
+    va_start(args, msgId);
+    setMsg(args);
+    va_end(args);
+}
+
+} // namespace OpenAccess_4

@@ -1,0 +1,5 @@
+#pragma once
+
+#include "oaBase.h"
+#include "oaDMException.h"
+#include "oaDMInit.h"

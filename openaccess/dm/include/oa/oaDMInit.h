@@ -1,0 +1,14 @@
+#pragma once
+
+#include "oaBaseInit.h"
+
+namespace OpenAccess_4 {
+
+/// Brings up the library package and those below it; see oaBaseInit.
+OA_API void oaDMInit(oaUInt4 apiMajorRev = oacAPIMajorRevNumber,
+                     oaUInt4 apiMinorRev = oacAPIMinorRevNumber,
+                     oaUInt4 dataModelRev = oacDataModelRevNumber);
+
+} // namespace OpenAccess_4
+
+using OpenAccess_4::oaDMInit;

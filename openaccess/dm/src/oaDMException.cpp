@@ -1,0 +1,58 @@
+#include "oaDMException.h"
+
+#include "base/src/messages.h"
+
+namespace OpenAccess_4 {
+
+namespace {
+
+constexpr impl::MessageFormat formats[] = {
+    {oacDMPlugInFailed, "The design-management system '%s' failed on library '%s': %s"},
+    {oacCannotFindLibrary, "There is no open library named '%s'."},
+    {oacLibNameExists, "A library named '%s' is already open."},
+    {oacLibCouldNotCreate, "Library '%s' cannot be created in '%s': %s."},
+    {oacLibCouldNotOpen, "Library '%s' cannot be opened from '%s': %s."},
+    {oacCannotOpenOpenedLib, "Library '%s' in '%s' is already open under the name '%s'."},
+    {oacLibAccessDenied, "%s access to library '%s' is denied: %s."},
+    {oacLibAccessCannotUpgrade, "Read access to library '%s' cannot be raised to write access."},
+    {oacLibReleaseNoAccess, "Library '%s' has no access to release."},
+    {oacDMFileExists, "'%s' already has a file named '%s'."},
+    {oacDMFileDoesNotExistOnDisk, "File '%s' does not exist on disk."},
+    {oacInvalidContainer, "The container given for file '%s' is not valid: %s."},
+    {oacInvalidDMName, "'%s' is not a legal name of a %s."},
+    {oacViewTypeExists, "A view type named '%s' already exists."},
+    {oacCellViewNotInSameLib,
+     "The cell and the view of a cell view lie in different libraries: '%s' and '%s'."},
+    {oacCannotLockDatabase, "'%s' cannot be locked for editing: %s."},
+    {oacFileNotWritable, "File '%s' cannot be written: %s."},
+    {oacLibDefListFileNotReadable, "Library list '%s' cannot be read: %s."},
+    {oacLibDefListFileNotWritable, "Library list '%s' cannot be written: %s."},
+    {oacUndefinedLibDefListMode,
+     "Library list '%s' cannot be opened in mode '%c'; use 'r', 'a' or 'w'."},
+    {oacSaveReadOnlyLibDefList, "Library list '%s' is open for reading and cannot be saved."},
+    {oacLibDefExists, "Library list '%s' already defines a library named '%s'."},
+    {oacLibDefListRefExists, "Library list '%s' already includes '%s'."},
+    {oacLibDefFileRecursiveInclude, "Library list '%s' includes itself."},
+    {oacMismatchViewType, "View '%s' already exists with view type '%s', not '%s'."},
+};
+
+} // namespace
+
+const oaChar* oaDMException::getFormatString() const {
+    return impl::findFormat(formats, getMsgId());
+}
+
+oaDMError::oaDMError(oaUInt4 msgId, ...) : oaDMException(msgId) {
+    va_list args;
+    va_start(args, msgId);
+    setMsg(args);
+    va_end(args);
+}
+
+oaDMPlugInError::oaDMPlugInError(oaUInt4 msgId, const oaString& systemName, const oaString& libName,
+                                 oaUInt4 plugInMsgId, const oaString& plugInMsg)
+    : oaDMError(msgId, static_cast<const oaChar*>(systemName), static_cast<const oaChar*>(libName),
+                static_cast<const oaChar*>(plugInMsg)),
+      plugInMsgId_(plugInMsgId) {}
+
+} // namespace OpenAccess_4

@@ -1,0 +1,5 @@
+#pragma once
+
+#include "oaDM.h"
+#include "oaTechException.h"
+#include "oaTechInit.h"

@@ -1,0 +1,22 @@
+#pragma once
+
+namespace OpenAccess_4 {
+
+/// The messages of the technology package.
+enum oaTechMsgIds {
+    oacTechAlreadyExists = 2001,
+    oacTechLibNotFound,
+    oacTechNotFound,
+    oacOpenUndefinedModeTech,
+    oacSaveReadOnlyTech,
+    oacCannotModifyReadModeTech,
+    oacInvalidTechViewType,
+    oacLayerNameExists,
+    oacLayerNumberExists,
+    oacPurposeNumberIsReserved,
+    oacPurposeNumberExists,
+    oacPurposeNameExists,
+    oacDerivedLayerDefExists,
+};
+
+} // namespace OpenAccess_4

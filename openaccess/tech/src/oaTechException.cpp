@@ -1,0 +1,43 @@
+#include "oaTechException.h"
+
+#include "base/src/messages.h"
+
+namespace OpenAccess_4 {
+
+namespace {
+
+constexpr impl::MessageFormat formats[] = {
+    {oacTechAlreadyExists, "Library '%s' already has a technology."},
+    {oacTechLibNotFound,
+     "The technology of library '%s' cannot be reached: there is no open library '%s'."},
+    {oacTechNotFound, "Library '%s' has no technology."},
+    {oacOpenUndefinedModeTech,
+     "The technology of library '%s' cannot be opened in mode '%c'; use 'r', 'a' or 'w'."},
+    {oacSaveReadOnlyTech,
+     "The technology of library '%s' is open for reading and cannot be saved."},
+    {oacCannotModifyReadModeTech,
+     "The technology of library '%s' is open for reading and cannot be changed."},
+    {oacInvalidTechViewType, "View type '%s' has no place in a technology."},
+    {oacLayerNameExists, "The technology of library '%s' already has a layer named '%s'."},
+    {oacLayerNumberExists, "The technology of library '%s' already has a layer with number %u."},
+    {oacPurposeNumberIsReserved, "Purpose number %u is reserved."},
+    {oacPurposeNumberExists,
+     "The technology of library '%s' already has a purpose with number %u."},
+    {oacPurposeNameExists, "The technology of library '%s' already has a purpose named '%s'."},
+    {oacDerivedLayerDefExists, "A derived layer definition named '%s' already exists."},
+};
+
+} // namespace
+
+const oaChar* oaTechException::getFormatString() const {
+    return impl::findFormat(formats, getMsgId());
+}
+
+oaTechError::oaTechError(oaUInt4 msgId, ...) : oaTechException(msgId) {
+    va_list args;
+    va_start(args, msgId);
+    setMsg(args);
+    va_end(args);
+}
+
+} // namespace OpenAccess_4

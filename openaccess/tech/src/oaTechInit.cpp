@@ -1,0 +1,11 @@
+#include "oaTechInit.h"
+
+#include "base/src/buildNames.h"
+
+namespace OpenAccess_4 {
+
+void oaTechInit(oaUInt4 apiMajorRev, oaUInt4 apiMinorRev, oaUInt4 dataModelRev) {
+    impl::checkRevisions(apiMajorRev, apiMinorRev, dataModelRev);
+}
+
+} // namespace OpenAccess_4
