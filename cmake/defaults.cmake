@@ -14,6 +14,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 option(OVALIS_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
 option(OVALIS_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(OVALIS_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+set(OVALIS_OPENACCESS_ROOT "" CACHE PATH
+    "Installed OpenAccess to build on; empty for the embedded one")
 
 if(OVALIS_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all

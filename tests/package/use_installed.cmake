@@ -1,0 +1,60 @@
+# Run by ctest: installs the build, then builds and runs a consumer from the installed tree.
+
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE text ERROR_VARIABLE text)
+    if(NOT result EQUAL 0)
+        list(JOIN ARGN " " command)
+        message(FATAL_ERROR "${command}\nended with ${result}:\n${text}")
+    endif()
+    set(output "${text}" PARENT_SCOPE)
+endfunction()
+
+# expect_consumer(<program>): it must make a library, list it, and be refused a missing one.
+function(expect_consumer program)
+    file(REMOVE_RECURSE ${tree}/library)
+    run(${launch} ${program} ${tree}/library)
+    string(REPLACE "\r" "" output "${output}")
+    if(NOT output STREQUAL "cell amplifier\ncell divider\nno library\n")
+        message(FATAL_ERROR "${program} printed:\n${output}")
+    endif()
+    if(NOT EXISTS ${tree}/library/.oalib)
+        message(FATAL_ERROR "${program} left no library at ${tree}/library")
+    endif()
+endfunction()
+
+set(prefix ${tree}/prefix)
+file(REMOVE_RECURSE ${prefix} ${tree}/cmake ${tree}/pkg-config ${tree}/headers)
+run(${CMAKE_COMMAND} --install ${build} --prefix ${prefix})
+set(ENV{WINEPATH} "Z:${prefix}/${bindir}")
+
+list(GET compilers 0 compiler)
+run(${CMAKE_COMMAND} -S ${consumer} -B ${tree}/cmake -G ${generator} -DCMAKE_BUILD_TYPE=Release
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_ROOT_PATH=${prefix} -DCMAKE_CXX_FLAGS=${flags}
+    -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DCMAKE_CXX_COMPILER=${compiler})
+run(${CMAKE_COMMAND} --build ${tree}/cmake)
+expect_consumer(${tree}/cmake/consumer${suffix})
+
+run(${launch} ${prefix}/${bindir}/ovalis${suffix} --version)
+
+if(NOT toolchain)
+    file(MAKE_DIRECTORY ${tree}/pkg-config)
+    set(ENV{PKG_CONFIG_PATH} ${prefix}/${libdir}/pkgconfig)
+    run(pkg-config --cflags --libs ovalis)
+    separate_arguments(package_flags UNIX_COMMAND "${output}")
+    run(${compiler} -std=c++17 ${flags} ${consumer}/consumer.cpp -o ${tree}/pkg-config/consumer
+        ${package_flags} -Wl,-rpath,${prefix}/${libdir})
+    expect_consumer(${tree}/pkg-config/consumer)
+endif()
+
+file(GLOB headers RELATIVE ${prefix}/${includedir} ${prefix}/${includedir}/ovalis/*.h)
+if(NOT headers)
+    message(FATAL_ERROR "no headers in ${prefix}/${includedir}/ovalis")
+endif()
+foreach(header ${headers})
+    file(WRITE ${tree}/headers/alone.cpp "#include <${header}>\n#include <${header}>\n")
+    foreach(one ${compilers})
+        run(${one} -std=c++17 -Wall -Wextra -pedantic -Werror -fsyntax-only
+            -I${prefix}/${includedir} -I${prefix}/${includedir}/openaccess
+            -I${prefix}/${includedir}/openaccess/oa ${tree}/headers/alone.cpp)
+    endforeach()
+endforeach()
