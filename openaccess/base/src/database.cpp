@@ -1,0 +1,31 @@
+#include "base/src/database.h"
+
+namespace OpenAccess_4::impl {
+
+Database::Database() : properties(*this), appValues(*this) {}
+
+Database::~Database() = default;
+
+TableBase* Database::makeVariableTable(const TableId& /*id*/) {
+    return nullptr;
+}
+
+oaObject* Database::handle(const ObjectRef& ref) const {
+    if (!ref)
+        return nullptr;
+    return ref == kDatabaseItself ? object() : table(ref.table)->handle(ref.slot);
+}
+
+void Database::forgetAttachments(const ObjectRef& ref) {
+    properties.removeAll(ref);
+    appValues.removeAll(ref);
+}
+
+void Database::place(std::unique_ptr<TableBase> table) {
+    const std::uint32_t number = table->id().number;
+    if (number >= tables_.size())
+        tables_.resize(number + 1);
+    tables_[number] = std::move(table);
+}
+
+} // namespace OpenAccess_4::impl

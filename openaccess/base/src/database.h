@@ -1,0 +1,94 @@
+#pragma once
+
+#include "base/src/app_values.h"
+#include "base/src/point_pool.h"
+#include "base/src/properties.h"
+#include "base/src/string_pool.h"
+#include "base/src/table.h"
+#include "base/src/table_numbers.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace OpenAccess_4::impl {
+
+/// The content of one open database, whichever kind: tables of records, and the texts and points
+/// that they name. What a kind of database adds, and how it is opened and saved, is its package's.
+class Database {
+public:
+    Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+    virtual ~Database();
+
+    /// The oaDesign, oaTech or oaSession that stands for the database.
+    virtual oaObject* object() const = 0;
+
+    /// Lets a change pass. @throws the error of the kind when the database is open for reading
+    virtual void requireEditable() const = 0;
+
+    /// True for databases whose objects may carry properties: designs and technologies.
+    virtual bool holdsProperties() const { return true; }
+
+    /// Makes the variable table of that kind for the reader; null when the kind is unknown.
+    virtual TableBase* makeVariableTable(const TableId& id);
+
+    TableBase* table(std::uint32_t number) const {
+        return number < tables_.size() ? tables_[number].get() : nullptr;
+    }
+    std::uint32_t tableCount() const { return std::uint32_t(tables_.size()); }
+
+    template <class Record>
+    Table<Record>& addTable(const TableId& id) {
+        auto table = std::make_unique<Table<Record>>(*this, id);
+        Table<Record>& result = *table;
+        place(std::move(table));
+        return result;
+    }
+    /// A table that a database has once: its number is also its kind.
+    template <class Record>
+    Table<Record>& addTable(std::uint32_t number) {
+        return addTable<Record>(TableId{number, number, 0});
+    }
+
+    /// The public object that a reference names; null for a reference to nothing.
+    oaObject* handle(const ObjectRef& ref) const;
+
+    /// Drops what is attached to an object that is about to be destroyed.
+    void forgetAttachments(const ObjectRef& ref);
+
+    bool isModified() const { return modified_; }
+    void setModified(bool modified) { modified_ = modified; }
+    /// Checks that the database may be changed, and notes that it is.
+    void edit() {
+        requireEditable();
+        modified_ = true;
+    }
+
+    /// True when records were destroyed or texts and points replaced since the database was read:
+    /// saving then renumbers.
+    bool hasGarbage() const { return garbage_; }
+    void noteGarbage() { garbage_ = true; }
+
+    StringPool strings;
+    PointPool points;
+
+private:
+    void place(std::unique_ptr<TableBase> table);
+
+    std::vector<std::unique_ptr<TableBase>> tables_;
+    bool modified_ = false;
+    bool garbage_ = false;
+
+public:
+    Properties properties;
+    AppValues appValues;
+};
+
+/// The database that holds the attachments of an object.
+inline Database& databaseOf(const oaObject* object) {
+    return *locationOf(object).database;
+}
+
+} // namespace OpenAccess_4::impl

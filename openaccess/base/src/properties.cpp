@@ -1,0 +1,110 @@
+#include "base/src/properties.h"
+
+#include "base/src/database.h"
+#include "oa/oaBaseMsgIds.h"
+#include "oa/oaException.h"
+#include "oa/oaProp.h"
+#include "oa/oaProps.h"
+
+#include <array>
+
+namespace OpenAccess_4::impl {
+
+oaObject* PropRecord::construct(void* where) const {
+    using Construct = oaObject* (*)(void*);
+    static constexpr std::array<Construct, std::size_t(PropKind::Count)> constructors = {
+        Handles::construct<oaIntProp>,    Handles::construct<oaIntRangeProp>,
+        Handles::construct<oaFloatProp>,  Handles::construct<oaFloatRangeProp>,
+        Handles::construct<oaStringProp>, Handles::construct<oaAppProp>,
+        Handles::construct<oaDoubleProp>, Handles::construct<oaDoubleRangeProp>,
+        Handles::construct<oaBooleanProp>, Handles::construct<oaHierProp>,
+        Handles::construct<oaTimeProp>,   Handles::construct<oaTimeRangeProp>,
+        Handles::construct<oaEnumProp>};
+    return constructors[std::size_t(kind)](where);
+}
+
+Properties::Properties(Database& database)
+    : database_(database), table_(database.addTable<PropRecord>(kPropTable)) {}
+
+oaProp* Properties::create(const ObjectRef& owner, const char* name, PropKind kind,
+                           const PropPayload& value) {
+    if (!database_.holdsProperties())
+        throw oaError(oacInvalidObjForProp, name);
+    database_.edit();
+    const StringId id = database_.strings.intern(name);
+    requireFree(owner, name, id);
+    const std::uint32_t slot = table_.add({owner, id, kind, value});
+    byOwner();
+    return static_cast<oaProp*>(table_.handle(slot));
+}
+
+oaProp* Properties::find(const ObjectRef& owner, std::string_view name) {
+    const StringId id = database_.strings.find(name);
+    const std::uint32_t slot = id == kNone ? kNone : slotOf(owner, id);
+    return slot == kNone ? nullptr : static_cast<oaProp*>(table_.handle(slot));
+}
+
+std::vector<oaObject*> Properties::of(const ObjectRef& owner) {
+    std::vector<oaObject*> props;
+    for (const std::uint32_t slot : byOwner().slots(owner.key()))
+        props.push_back(table_.handle(slot));
+    return props;
+}
+
+bool Properties::any(const ObjectRef& owner) {
+    return byOwner().first(owner.key()) != kNone;
+}
+
+void Properties::rename(std::uint32_t slot, const char* name) {
+    database_.edit();
+    const StringId id = database_.strings.intern(name);
+    PropRecord& prop = table_[slot];
+    if (prop.name == id)
+        return;
+    requireFree(prop.owner, name, id);
+    prop.name = id;
+    database_.noteGarbage();
+}
+
+void Properties::remove(std::uint32_t slot) {
+    database_.edit();
+    database_.forgetAttachments({kPropTable, slot}); // a property may have properties
+    byOwner().remove(table_[slot].owner.key(), slot);
+    table_.destroy(slot);
+}
+
+void Properties::removeAll(const ObjectRef& owner) {
+    if (table_.live() == 0)
+        return;
+    for (const std::uint32_t slot : byOwner().slots(owner.key()))
+        remove(slot);
+}
+
+void Properties::move(std::uint32_t slot, const ObjectRef& owner) {
+    database_.edit();
+    PropRecord& prop = table_[slot];
+    requireFree(owner, database_.strings.chars(prop.name), prop.name);
+    byOwner().remove(prop.owner.key(), slot);
+    prop.owner = owner;
+    index_.append(owner.key(), slot);
+}
+
+std::uint32_t Properties::slotOf(const ObjectRef& owner, StringId name) {
+    std::uint32_t slot = byOwner().first(owner.key());
+    while (slot != kNone && table_[slot].name != name)
+        slot = index_.next(slot);
+    return slot;
+}
+
+void Properties::requireFree(const ObjectRef& owner, const char* name, StringId id) {
+    if (slotOf(owner, id) != kNone)
+        throw oaError(oacPropNameUsed, name);
+}
+
+ChainIndex& Properties::byOwner() {
+    for (; indexed_ < table_.slots(); ++indexed_)
+        index_.append(table_[indexed_].owner.key(), indexed_);
+    return index_;
+}
+
+} // namespace OpenAccess_4::impl

@@ -1,0 +1,62 @@
+#include "base/src/session.h"
+
+#include "base/src/source.h"
+#include "oa/oaAppDef.h"
+#include "oa/oaSession.h"
+
+#include <array>
+
+namespace OpenAccess_4 {
+
+namespace impl {
+
+oaTypeEnum AppDefRecord::type() const {
+    static constexpr std::array<oaTypeEnum, std::size_t(AppValueKind::Count)> types = {
+        oacIntAppDefType,     oacFloatAppDefType, oacStringAppDefType, oacDataAppDefType,
+        oacVarDataAppDefType, oacTimeAppDefType,  oacDoubleAppDefType, oacBooleanAppDefType};
+    return types[std::size_t(kind)];
+}
+
+Session::Session()
+    : sessions_(addTable<SessionRecord>(kSessionTable)),
+      appDefs_(addTable<AppDefRecord>(kSessionAppDefTable)) {
+    sessions_.add({});
+}
+
+Session& Session::instance() {
+    // Never destroyed: clients may hold its objects until the process ends.
+    static Session& session = *new Session;
+    return session;
+}
+
+oaObject* Session::object() const {
+    return sessions_.handle(0);
+}
+
+oaAppDef* Session::findAppDef(AppValueKind kind, std::string_view objectClass,
+                              std::string_view name) {
+    for (std::uint32_t slot = 0; slot < appDefs_.slots(); ++slot) {
+        const AppDefRecord& def = appDefs_[slot];
+        if (def.kind == kind && def.objectClass == objectClass && def.name == name)
+            return static_cast<oaAppDef*>(appDefs_.handle(slot));
+    }
+    return nullptr;
+}
+
+} // namespace impl
+
+using namespace impl;
+
+oaSession* oaSession::get() {
+    return static_cast<oaSession*>(Session::instance().object());
+}
+
+oaCollection<oaAppDef, oaSession> oaSession::getAppDefs() const {
+    return collectionOf<oaCollection<oaAppDef, oaSession>>({&Session::instance().appDefs()});
+}
+
+oaSession* oaSessionObject::getSession() const {
+    return oaSession::get();
+}
+
+} // namespace OpenAccess_4

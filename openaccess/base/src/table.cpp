@@ -1,0 +1,156 @@
+#include "base/src/table.h"
+
+#include "base/src/database.h"
+#include "base/src/handle_pool.h"
+#include "oa/oaBaseMsgIds.h"
+#include "oa/oaException.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace OpenAccess_4::impl {
+
+namespace {
+
+// Slabs double from 64 slots to 131072, the size at which the handles of a slab fill one huge
+// page; from there on they keep that size.
+constexpr std::uint32_t kFirstSlabBits = 6;
+constexpr std::uint32_t kLastSlabBits = 17;
+constexpr std::uint32_t kDoublings = kLastSlabBits - kFirstSlabBits;
+constexpr std::uint32_t kDoubledSlots = ((1u << (kDoublings + 1)) - 1) << kFirstSlabBits;
+
+std::uint32_t slabNumber(std::uint32_t slot) {
+    if (slot >= kDoubledSlots)
+        return kDoublings + 1 + ((slot - kDoubledSlots) >> kLastSlabBits);
+    return std::uint32_t(std::bit_width((slot >> kFirstSlabBits) + 1)) - 1;
+}
+
+std::uint32_t slabCapacity(std::size_t number) {
+    return 1u << std::min<std::size_t>(kFirstSlabBits + number, kLastSlabBits);
+}
+
+} // namespace
+
+void throwInvalidObject() {
+    throw oaError(oacInvalidObject);
+}
+
+TableBase::TableBase(Database& database, TableId id, std::size_t recordSize)
+    : database_(database), id_(id), recordSize_(recordSize) {}
+
+TableBase::~TableBase() {
+    for (const auto& slab : slabs_) {
+        freeRecords(slab->records, slab->capacity * recordSize_);
+        if (!slab->handles)
+            continue;
+        for (std::uint32_t i = 0; i < slab->made; ++i)
+            Handles::setSlab(slab->handles + i, nullptr);
+        HandlePool::instance().giveBack(slab->handles, slab->capacity);
+    }
+}
+
+oaObject* TableBase::handle(std::uint32_t slot) {
+    Slab& slab = slabOf(slot);
+    if (slab.made < slab.used)
+        makeHandles(slab);
+    return slab.handles + (slot - slab.first);
+}
+
+std::span<oaObject> TableBase::handlesFrom(std::uint32_t slot) {
+    Slab& slab = slabOf(slot);
+    if (slab.made < slab.used)
+        makeHandles(slab);
+    return {slab.handles + (slot - slab.first), slab.first + slab.used - slot};
+}
+
+Location TableBase::locate(std::uint32_t slot) const {
+    return {&database_, {id_.number, slot}};
+}
+
+std::vector<std::span<const std::byte>> TableBase::recordBytes() const {
+    std::vector<std::span<const std::byte>> bytes;
+    for (const auto& slab : slabs_)
+        bytes.emplace_back(slab->records, slab->used * recordSize_);
+    return bytes;
+}
+
+std::vector<std::span<std::byte>> TableBase::appendSlots(std::uint32_t count) {
+    assert(slots_ == 0 && "only a table that is read from a file grows by many slots at once");
+    std::vector<std::span<std::byte>> bytes;
+    while (count > 0) {
+        Slab& slab = addSlab();
+        slab.used = std::min(count, slab.capacity);
+        slots_ += slab.used;
+        count -= slab.used;
+        bytes.emplace_back(slab.records, slab.used * recordSize_);
+    }
+    return bytes;
+}
+
+void TableBase::renumber(RecordRemapper& remapper) const {
+    if (destroyed_ == 0)
+        return;
+    std::vector<std::uint32_t> numbers(slots_, kNone);
+    std::uint32_t next = 0;
+    for (std::uint32_t slot = 0; slot < slots_; ++slot)
+        if (isLive(slot))
+            numbers[slot] = next++;
+    remapper.setNumbers(id_.number, std::move(numbers));
+}
+
+std::uint32_t TableBase::appendSlot() {
+    if (slots_ == kNone)
+        throw oaError(oacTableFull);
+    if (slabs_.empty() || slabs_.back()->used == slabs_.back()->capacity)
+        addSlab();
+    Slab& slab = *slabs_.back();
+    ++slab.used;
+    if (!gone_.empty())
+        gone_.push_back(false);
+    return slots_++;
+}
+
+void TableBase::retire(std::uint32_t slot) {
+    if (gone_.empty())
+        gone_.resize(slots_);
+    gone_[slot] = true;
+    ++destroyed_;
+    Slab& slab = slabOf(slot);
+    const std::uint32_t place = slot - slab.first;
+    if (place < slab.made)
+        Handles::setSlab(slab.handles + place, nullptr);
+    database_.noteGarbage();
+}
+
+std::byte* TableBase::recordAt(std::uint32_t slot) const {
+    const Slab& slab = slabOf(slot);
+    return slab.records + (slot - slab.first) * recordSize_;
+}
+
+Slab& TableBase::slabOf(std::uint32_t slot) const {
+    assert(slot < slots_);
+    return *slabs_[slabNumber(slot)];
+}
+
+Slab& TableBase::addSlab() {
+    auto slab = std::make_unique<Slab>();
+    slab->table = this;
+    slab->first = slots_;
+    slab->capacity = slabCapacity(slabs_.size());
+    slab->records = allocateRecords(slab->capacity * recordSize_);
+    slabs_.push_back(std::move(slab));
+    return *slabs_.back();
+}
+
+void TableBase::makeHandles(Slab& slab) {
+    if (!slab.handles)
+        slab.handles = HandlePool::instance().take(slab.capacity);
+    for (; slab.made < slab.used; ++slab.made) {
+        const std::uint32_t slot = slab.first + slab.made;
+        oaObject* handle = construct(slot, slab.handles + slab.made);
+        if (isLive(slot))
+            Handles::setSlab(handle, &slab);
+    }
+}
+
+} // namespace OpenAccess_4::impl

@@ -1,0 +1,226 @@
+#pragma once
+
+#include "base/src/record_visitors.h"
+#include "base/src/refs.h"
+#include "oa/oaObject.h"
+
+#include <cassert>
+#include <concepts>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <span>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace OpenAccess_4::impl {
+
+class Database;
+class TableBase;
+
+/// Slots of a table that lie together: their records, and beside them the handles, which are the
+/// objects that clients see. A slab never moves and a slot is never used twice.
+struct Slab {
+    TableBase* table = nullptr;
+    std::uint32_t first = 0;
+    std::uint32_t used = 0;
+    std::uint32_t capacity = 0;
+    std::uint32_t made = 0; // handles are made when one of the slab is asked for
+    std::byte* records = nullptr;
+    oaObject* handles = nullptr;
+};
+
+/// Where an object stands: in which database, and as what.
+struct Location {
+    Database* database = nullptr;
+    ObjectRef ref;
+};
+
+/// What a table of a database file says of itself.
+struct TableId {
+    std::uint32_t number = 0;    // its place in the database, named by ObjectRef::table
+    std::uint32_t kind = 0;      // which records it holds
+    std::uint32_t parameter = 0; // which of several tables of the kind it is
+};
+
+/// The objects of one kind in one database, whatever their records are.
+class TableBase {
+public:
+    TableBase(Database& database, TableId id, std::size_t recordSize);
+    TableBase(const TableBase&) = delete;
+    TableBase& operator=(const TableBase&) = delete;
+
+    /// Makes every handle invalid. The memory of the handles goes to tables made later.
+    virtual ~TableBase();
+
+    Database& database() const { return database_; }
+    const TableId& id() const { return id_; }
+    std::uint32_t slots() const { return slots_; }
+    std::uint32_t live() const { return slots_ - destroyed_; }
+    bool isLive(std::uint32_t slot) const { return gone_.empty() || !gone_[slot]; }
+    std::size_t recordSize() const { return recordSize_; }
+
+    /// The public object of a live slot.
+    oaObject* handle(std::uint32_t slot);
+    /// The handles from `slot` to the end of its slab, destroyed ones included.
+    std::span<oaObject> handlesFrom(std::uint32_t slot);
+
+    virtual oaTypeEnum typeOf(std::uint32_t slot) const = 0;
+    virtual Location locate(std::uint32_t slot) const;
+
+    // Reading and writing of whole tables.
+    /// The record bytes slab by slab, destroyed slots included.
+    std::vector<std::span<const std::byte>> recordBytes() const;
+    /// Makes `count` slots and answers where their records lie, to be filled by the caller.
+    std::vector<std::span<std::byte>> appendSlots(std::uint32_t count);
+    /// True when no record names anything that the database does not hold.
+    virtual bool check(RecordChecker& checker) const = 0;
+    /// Puts the new numbers of the live slots into `remapper`.
+    void renumber(RecordRemapper& remapper) const;
+    /// The records of the live slots, with everything that they name renumbered.
+    virtual std::vector<std::byte> compacted(RecordRemapper& remapper) const = 0;
+
+protected:
+    std::uint32_t appendSlot();
+    /// Takes a slot out of use; its handle becomes invalid.
+    void retire(std::uint32_t slot);
+    std::byte* recordAt(std::uint32_t slot) const;
+    /// Puts the handle of a slot into the memory at `where`.
+    virtual oaObject* construct(std::uint32_t slot, void* where) const = 0;
+
+private:
+    Slab& slabOf(std::uint32_t slot) const;
+    Slab& addSlab();
+    void makeHandles(Slab& slab);
+
+    Database& database_;
+    TableId id_;
+    std::size_t recordSize_;
+    std::uint32_t slots_ = 0;
+    std::uint32_t destroyed_ = 0;
+    std::vector<std::unique_ptr<Slab>> slabs_;
+    std::vector<bool> gone_; // empty until something is destroyed
+};
+
+[[noreturn]] void throwInvalidObject();
+
+/// The slab of a valid object. @throws oaError  oacInvalidObject
+inline Slab& slabOf(const oaObject* object) {
+    Slab* slab = object ? Handles::slabOf(object) : nullptr;
+    if (!slab)
+        throwInvalidObject();
+    return *slab;
+}
+
+inline std::uint32_t slotOf(const oaObject* object) {
+    const Slab& slab = slabOf(object);
+    return slab.first + std::uint32_t(object - slab.handles);
+}
+
+inline TableBase& tableOf(const oaObject* object) {
+    return *slabOf(object).table;
+}
+
+inline Location locationOf(const oaObject* object) {
+    return tableOf(object).locate(slotOf(object));
+}
+
+/// The record behind a public object, which must be of the class that goes with `Record`.
+template <class Record>
+Record& recordOf(const oaObject* object) {
+    const Slab& slab = slabOf(object);
+    return reinterpret_cast<Record*>(slab.records)[object - slab.handles];
+}
+
+/// A record that database files hold: plain bytes that name other things by number only, and
+/// that list those numbers for the checker and the remapper.
+template <class Record>
+concept StoredRecord = std::is_trivially_copyable_v<Record> &&
+                       requires(const Record& record, RecordChecker& checker) {
+                           Record::describe(record, checker);
+                       };
+
+/// The objects of one kind. A record type names its public class as `Handle` and its `kType`, or
+/// has `type()` and `construct(void*)` where one table holds several public classes.
+template <class Record>
+class Table final : public TableBase {
+public:
+    Table(Database& database, TableId id) : TableBase(database, id, sizeof(Record)) {}
+    ~Table() override {
+        if constexpr (!std::is_trivially_destructible_v<Record>)
+            for (std::uint32_t slot = 0; slot < slots(); ++slot)
+                (*this)[slot].~Record();
+    }
+
+    Record& operator[](std::uint32_t slot) { return *reinterpret_cast<Record*>(recordAt(slot)); }
+    const Record& operator[](std::uint32_t slot) const {
+        return *reinterpret_cast<const Record*>(recordAt(slot));
+    }
+
+    std::uint32_t add(Record record) {
+        const std::uint32_t slot = appendSlot();
+        new (recordAt(slot)) Record(std::move(record));
+        return slot;
+    }
+
+    void destroy(std::uint32_t slot) {
+        retire(slot);
+        if constexpr (!std::is_trivially_destructible_v<Record>)
+            (*this)[slot] = Record{};
+    }
+
+    /// Calls `visit(slot, record)` for every live slot.
+    template <class Visit>
+    void forEach(Visit visit) {
+        for (std::uint32_t slot = 0; slot < slots(); ++slot)
+            if (isLive(slot))
+                visit(slot, (*this)[slot]);
+    }
+
+    oaTypeEnum typeOf(std::uint32_t slot) const override {
+        if constexpr (requires(const Record& record) { record.type(); })
+            return (*this)[slot].type();
+        else
+            return Record::kType;
+    }
+    Location locate(std::uint32_t slot) const override {
+        if constexpr (requires(const Record& record) { record.location(); })
+            return (*this)[slot].location();
+        else
+            return TableBase::locate(slot);
+    }
+
+    bool check(RecordChecker& checker) const override {
+        if constexpr (StoredRecord<Record>)
+            for (std::uint32_t slot = 0; slot < slots(); ++slot)
+                Record::describe((*this)[slot], checker);
+        return checker.passed();
+    }
+
+    std::vector<std::byte> compacted(RecordRemapper& remapper) const override {
+        std::vector<std::byte> bytes;
+        if constexpr (StoredRecord<Record>) {
+            bytes.reserve(std::size_t(live()) * sizeof(Record));
+            for (std::uint32_t slot = 0; slot < slots(); ++slot) {
+                if (!isLive(slot))
+                    continue;
+                Record record = (*this)[slot];
+                Record::describe(record, remapper);
+                const auto* first = reinterpret_cast<const std::byte*>(&record);
+                bytes.insert(bytes.end(), first, first + sizeof(Record));
+            }
+        }
+        return bytes;
+    }
+
+protected:
+    oaObject* construct(std::uint32_t slot, void* where) const override {
+        if constexpr (requires(const Record& record) { record.construct(where); })
+            return (*this)[slot].construct(where);
+        else
+            return Handles::construct<typename Record::Handle>(where);
+    }
+};
+
+} // namespace OpenAccess_4::impl

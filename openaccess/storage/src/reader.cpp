@@ -1,0 +1,188 @@
+#include "base/src/hash.h"
+#include "oa/oaBaseMsgIds.h"
+#include "oa/oaException.h"
+#include "storage/src/database_file.h"
+#include "storage/src/format.h"
+
+#include "platform/file.h"
+
+#include <algorithm>
+
+namespace OpenAccess_4::impl {
+
+namespace {
+
+/// Reads one database file from its first byte to its last.
+class Reader {
+public:
+    Reader(const std::string& path, Database& database)
+        : path_(path), file_(path, platform::OpenMode::read), fileSize_(file_.size()),
+          database_(database) {}
+
+    void read(DatabaseFileKind kind) {
+        readHeader(kind);
+        readSectionTable();
+        for (const SectionEntry& section : sections_)
+            readSection(section);
+        if (offset_ != fileSize_)
+            damaged("has bytes behind its last section");
+        finishStrings();
+        checkRecords();
+    }
+
+private:
+    [[noreturn]] void damaged(const std::string& what) const {
+        throw oaError(oacDatabaseFileDamaged, path_.c_str(), what.c_str());
+    }
+
+    void readBytes(std::span<std::byte> bytes) {
+        if (file_.read(bytes.data(), bytes.size()) != bytes.size())
+            damaged("ends too early");
+        offset_ += bytes.size();
+    }
+
+    void readHeader(DatabaseFileKind kind) {
+        if (fileSize_ < sizeof(FileHeader))
+            damaged("is shorter than the header of a database file");
+        readBytes(std::as_writable_bytes(std::span(&header_, 1)));
+        if (header_.magic != kMagic)
+            damaged("is not a database file");
+        if (header_.headerChecksum != hashBytes(&header_, offsetof(FileHeader, headerChecksum)))
+            damaged("has a damaged header");
+        if (header_.version != kFormatVersion)
+            damaged("has format version " + std::to_string(header_.version) +
+                    ", which this version does not read");
+        if (header_.kind != std::uint32_t(kind))
+            damaged("holds another kind of database");
+        if (header_.fileSize != fileSize_)
+            damaged("is " + std::to_string(fileSize_) + " bytes long instead of " +
+                    std::to_string(header_.fileSize));
+        if (header_.reserved != 0)
+            damaged("has a damaged header");
+    }
+
+    void readSectionTable() {
+        const std::uint64_t bytes = std::uint64_t(header_.sectionCount) * sizeof(SectionEntry);
+        if (bytes > fileSize_ - offset_)
+            damaged("ends within its section table");
+        sections_.resize(header_.sectionCount);
+        readBytes(std::as_writable_bytes(std::span(sections_)));
+        if (hashBytes(sections_.data(), std::size_t(bytes)) != header_.tableChecksum)
+            damaged("has a damaged section table");
+    }
+
+    void readSection(const SectionEntry& section) {
+        if (section.offset != alignSection(offset_) || section.offset > fileSize_ ||
+            section.bytes > fileSize_ - section.offset || section.recordSize == 0 ||
+            section.bytes % section.recordSize != 0 ||
+            section.bytes / section.recordSize != section.count)
+            damaged("has a section table that does not fit its length");
+        readPadding(section.offset);
+        switch (section.kind) {
+        case kStringsSection:
+            return readArray(section, stringBytes_);
+        case kStringStartsSection:
+            return readArray(section, stringStarts_);
+        case kPointsSection:
+            return readPoints(section);
+        default:
+            return readTable(section);
+        }
+    }
+
+    void readPadding(std::uint64_t end) {
+        std::array<std::byte, kSectionAlignment> padding{};
+        const auto used = std::span(padding).first(std::size_t(end - offset_));
+        readBytes(used);
+        if (std::any_of(used.begin(), used.end(), [](std::byte b) { return b != std::byte{}; }))
+            damaged("has bytes between its sections");
+    }
+
+    template <class Element>
+    void readArray(const SectionEntry& section, std::vector<Element>& elements) {
+        if (section.recordSize != sizeof(Element) || !elements.empty())
+            damaged("has a section of a wrong shape");
+        elements.resize(std::size_t(section.count));
+        readBytes(std::as_writable_bytes(std::span(elements)));
+        if (hashBytes(elements.data(), std::size_t(section.bytes)) != section.checksum)
+            damaged("has a damaged section");
+    }
+
+    void readPoints(const SectionEntry& section) {
+        if (!database_.points.all().empty())
+            damaged("has a section twice");
+        std::vector<oaPoint> points;
+        readArray(section, points);
+        database_.points = PointPool(std::move(points));
+    }
+
+    void readTable(const SectionEntry& section) {
+        TableBase& table = tableFor(section);
+        StreamHash hash;
+        for (const auto piece : table.appendSlots(std::uint32_t(section.count))) {
+            readBytes(piece);
+            hash.add(piece);
+        }
+        if (hash.digest() != section.checksum)
+            damaged("has a damaged section");
+    }
+
+    TableBase& tableFor(const SectionEntry& section) {
+        // Variable tables are numbered one after the other, so no number is far from the last.
+        if (section.number > kFirstVariableTable + sections_.size() || section.count >= kNone)
+            damaged("has a table that cannot be");
+        TableBase* table = database_.table(section.number);
+        if (!table && section.number >= kFirstVariableTable)
+            table = database_.makeVariableTable(
+                {section.number, section.kind, section.parameter});
+        if (!table || table->id().kind != section.kind || section.kind == kTransientKind ||
+            table->recordSize() != section.recordSize || table->slots() != 0)
+            damaged("has a table that is not known");
+        return *table;
+    }
+
+    void finishStrings() {
+        const auto& starts = stringStarts_;
+        const bool sound = starts.size() >= 2 && starts[0] == 0 && starts[1] == 1 &&
+                           starts.back() == stringBytes_.size();
+        if (!sound)
+            damaged("has a damaged text section");
+        for (std::size_t i = 1; i < starts.size(); ++i)
+            if (starts[i] <= starts[i - 1] || starts[i] > stringBytes_.size() ||
+                stringBytes_[starts[i] - 1] != '\0')
+                damaged("has a damaged text section");
+        database_.strings = StringPool(std::move(stringBytes_), std::move(stringStarts_));
+    }
+
+    void checkRecords() {
+        RecordChecker checker(database_);
+        for (std::uint32_t number = 0; number < database_.tableCount(); ++number) {
+            const TableBase* table = database_.table(number);
+            if (table && !table->check(checker))
+                damaged("has an entry in table " + std::to_string(number) +
+                        " that names something the file does not hold");
+        }
+    }
+
+    const std::string& path_;
+    platform::File file_;
+    std::uint64_t fileSize_;
+    Database& database_;
+    std::uint64_t offset_ = 0;
+    FileHeader header_;
+    std::vector<SectionEntry> sections_;
+    std::vector<char> stringBytes_;
+    std::vector<std::uint32_t> stringStarts_;
+};
+
+} // namespace
+
+void readDatabaseFile(const std::string& path, DatabaseFileKind kind, Database& database) {
+    try {
+        Reader(path, database).read(kind);
+    } catch (const platform::SystemFailure& failure) {
+        throw oaError(oacDatabaseFileNotRead, path.c_str(), failure.error().text().c_str());
+    }
+}
+
+} // namespace OpenAccess_4::impl
