@@ -12,6 +12,7 @@ inline constexpr std::uint32_t kAppValueTable = 3;
 inline constexpr std::uint32_t kTransientAppValueTable = 4;
 inline constexpr std::uint32_t kFirstPackageTable = 8;
 inline constexpr std::uint32_t kFirstVariableTable = 64;
+inline constexpr std::uint32_t kMostTables = 1u << 20;
 
 /// The kind of a table that database files leave out.
 inline constexpr std::uint32_t kTransientKind = 0;

@@ -128,8 +128,7 @@ private:
     }
 
     TableBase& tableFor(const SectionEntry& section) {
-        // Variable tables are numbered one after the other, so no number is far from the last.
-        if (section.number > kFirstVariableTable + sections_.size() || section.count >= kNone)
+        if (section.number >= kMostTables || section.count >= kNone)
             damaged("has a table that cannot be");
         TableBase* table = database_.table(section.number);
         if (!table && section.number >= kFirstVariableTable)
