@@ -1,0 +1,23 @@
+#include "platform/system_error.h"
+
+#include "windows/wide.h"
+
+namespace platform {
+
+SystemError lastSystemError() noexcept {
+    return SystemError(static_cast<long>(GetLastError()));
+}
+
+std::string SystemError::text() const {
+    wchar_t buffer[512];
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                                  nullptr, static_cast<DWORD>(value), 0, buffer,
+                                  static_cast<DWORD>(std::size(buffer)), nullptr);
+    while (length > 0 && (buffer[length - 1] <= L' ' || buffer[length - 1] == L'.'))
+        --length;
+    if (length == 0)
+        return "system error " + std::to_string(value);
+    return internal::narrow(std::wstring_view(buffer, length));
+}
+
+} // namespace platform

@@ -1,0 +1,53 @@
+// The other process of the platform tests: does what its first argument says to the file that its
+// second names. Exit status 0: done, 1: refused, 3: ended without cleaning up.
+
+#include "platform/atomic_file.h"
+#include "platform/exclusive_file.h"
+#include "platform/file_lock.h"
+#include "platform/process.h"
+#include "platform/text.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+constexpr int died = 3;
+
+int lock(const std::string& path, platform::LockKind kind) {
+    return platform::FileLock::tryAcquire(path, kind) ? 0 : 1;
+}
+
+int lockAndDie(const std::string& path) {
+    const auto lock = platform::FileLock::tryAcquire(path, platform::LockKind::exclusive);
+    std::_Exit(lock ? died : 1);
+}
+
+int writeAndDie(const std::string& path) {
+    platform::AtomicFile file(path);
+    file.write("half", 4);
+    std::_Exit(died);
+}
+
+} // namespace
+
+int main(int count, char** values) {
+    const std::vector<std::string> arguments = platform::utf8Arguments(count, values);
+    const std::string action = arguments.at(1);
+    const std::string path = arguments.at(2);
+    if (action == "lock-shared")
+        return lock(path, platform::LockKind::shared);
+    if (action == "lock-exclusive")
+        return lock(path, platform::LockKind::exclusive);
+    if (action == "lock-and-die")
+        return lockAndDie(path);
+    if (action == "write-and-die")
+        return writeAndDie(path);
+    if (action == "create")
+        return platform::createExclusively(path, "child") ? 0 : 1;
+    if (action == "tell-process") {
+        std::cout << platform::currentProcessId() << '\n';
+        return 0;
+    }
+    return 2;
+}

@@ -1,0 +1,189 @@
+// What only posix systems have: permissions of files, links and limits of a process.
+
+#include "platform/atomic_file.h"
+#include "platform/exclusive_file.h"
+#include "platform/file_lock.h"
+
+#include "platform_tests.h"
+
+#include <csignal>
+#include <filesystem>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace platform;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+/// Nothing may be written beyond `bytes` of a file, as on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit limit = {bytes, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+    }
+
+private:
+    void (*handler)(int);
+    rlimit before;
+};
+
+/// Permissions are not asked of root, so the scope runs for nobody.
+class OrdinaryUser {
+public:
+    OrdinaryUser() {
+        if (user == 0 && (setegid(nobody) != 0 || seteuid(nobody) != 0))
+            ADD_FAILURE() << "cannot give up root";
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    ~OrdinaryUser() {
+        if (user == 0 && (seteuid(user) != 0 || setegid(group) != 0))
+            ADD_FAILURE() << "cannot become root again";
+    }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    const uid_t user = geteuid();
+    const gid_t group = getegid();
+};
+
+class PosixTest : public ovalis::test::PlatformTest {
+protected:
+    void setMode(const std::string& name, mode_t mode) {
+        ASSERT_EQ(chmod(path(name).c_str(), mode), 0);
+    }
+    mode_t modeOf(const std::string& name) {
+        struct stat status = {};
+        stat(path(name).c_str(), &status);
+        return status.st_mode & 07777;
+    }
+    std::string failureOf(const std::string& name) {
+        try {
+            AtomicFile file(path(name));
+            file.write("new", 3);
+            file.commit();
+        } catch (const SystemFailure& failure) {
+            EXPECT_EQ(failure.path(), path(name));
+            return failure.error().text();
+        }
+        return "none";
+    }
+};
+
+} // namespace
+
+TEST_F(PosixTest, ReplacementThatFindsTheDiskFullLeavesTheOldFile) {
+    put("file", "old");
+    {
+        const FileSizeLimit limit(1000);
+        AtomicFile file(path("file"));
+        const std::string bytes(5000, 'x');
+        try {
+            file.write(bytes.data(), bytes.size());
+            FAIL() << "written";
+        } catch (const SystemFailure& failure) {
+            EXPECT_THAT(failure.what(), HasSubstr("cannot write file (" + path("file") + ")"));
+        }
+    }
+    EXPECT_EQ(get("file"), "old");
+    EXPECT_THAT(names(), ElementsAre("file"));
+}
+
+TEST_F(PosixTest, ExclusiveFileThatFindsTheDiskFullIsNotThere) {
+    const FileSizeLimit limit(10);
+    EXPECT_THROW(createExclusively(path("file"), std::string(100, 'x')), SystemFailure);
+    EXPECT_TRUE(names().empty());
+}
+
+TEST_F(PosixTest, FullDeviceIsAFailure) {
+    File full("/dev/full", OpenMode::write);
+    EXPECT_THROW(full.write("x", 1), SystemFailure);
+}
+
+TEST_F(PosixTest, ReadOnlyDirectoryRefusesReplacement) {
+    createDirectory(path("in"));
+    put("in/file", "old");
+    setMode("in/file", 0666);
+    setMode("", 0777);
+    setMode("in", 0555);
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(failureOf("in/file"), "Permission denied");
+        EXPECT_FALSE(isWritable(path("in")));
+    }
+    setMode("in", 0777);
+    EXPECT_EQ(get("in/file"), "old");
+}
+
+TEST_F(PosixTest, ReadOnlyTargetRefusesReplacement) {
+    put("file", "old");
+    setMode("file", 0444);
+    setMode("", 0777);
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(failureOf("file"), "Permission denied");
+    }
+    EXPECT_EQ(get("file"), "old");
+}
+
+TEST_F(PosixTest, ReplacementKeepsPermissions) {
+    put("file", "old");
+    setMode("file", 0640);
+    EXPECT_EQ(failureOf("file"), "none");
+    EXPECT_EQ(get("file"), "new");
+    EXPECT_EQ(modeOf("file"), 0640U);
+}
+
+TEST_F(PosixTest, ReplacementFollowsALink) {
+    put("file", "old");
+    std::filesystem::create_symlink("file", path("link"));
+    AtomicFile file(path("link"));
+    file.write("new", 3);
+    file.commit();
+    EXPECT_TRUE(isSymbolicLink(path("link")));
+    EXPECT_EQ(get("file"), "new");
+}
+
+TEST_F(PosixTest, RemovingATreeDoesNotFollowLinks) {
+    createDirectory(path("kept"));
+    put("kept/file", "x");
+    createDirectory(path("gone"));
+    std::filesystem::create_directory_symlink(path("kept"), path("gone/link"));
+    removeTree(path("gone"));
+    EXPECT_FALSE(exists(path("gone")));
+    EXPECT_EQ(get("kept/file"), "x");
+}
+
+TEST_F(PosixTest, CopyCanBeWrittenAndKeepsItsExecutableBit) {
+    put("from", "x");
+    setMode("from", 0555);
+    copyFile(path("from"), path("to"));
+    EXPECT_EQ(modeOf("to"), 0755U);
+    setMode("from", 0444);
+    copyFile(path("from"), path("plain"));
+    EXPECT_EQ(modeOf("plain") & 0200U, 0200U);
+}
+
+TEST_F(PosixTest, SharedLockInAReadOnlyDirectoryNeedsAnExistingFile) {
+    put("lock", "");
+    setMode("lock", 0444);
+    setMode("", 0555);
+    {
+        const OrdinaryUser user;
+        EXPECT_TRUE(FileLock::tryAcquire(path("lock"), LockKind::shared));
+        EXPECT_THROW(FileLock::tryAcquire(path("lock"), LockKind::exclusive), SystemFailure);
+        EXPECT_THROW(FileLock::tryAcquire(path("other"), LockKind::shared), SystemFailure);
+    }
+    setMode("", 0777);
+}

@@ -1,0 +1,39 @@
+// What only Windows has: attributes of files and drives in paths.
+
+#include "platform/atomic_file.h"
+
+#include "platform_tests.h"
+
+#include <windows.h>
+
+using namespace platform;
+using testing::ElementsAre;
+
+namespace {
+using WindowsTest = ovalis::test::PlatformTest;
+} // namespace
+
+TEST_F(WindowsTest, ReadOnlyFileRefusesReplacementAndCanBeRemoved) {
+    put("file", "old");
+    SetFileAttributesA(path("file").c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(isWritable(path("file")));
+    EXPECT_THROW(AtomicFile(path("file")), SystemFailure);
+    EXPECT_EQ(get("file"), "old");
+    EXPECT_THAT(names(), ElementsAre("file"));
+    removeTree(path("file"));
+    EXPECT_FALSE(exists(path("file")));
+}
+
+TEST_F(WindowsTest, CopyOfAReadOnlyFileCanBeWritten) {
+    put("from", "x");
+    SetFileAttributesA(path("from").c_str(), FILE_ATTRIBUTE_READONLY);
+    copyFile(path("from"), path("to"));
+    EXPECT_TRUE(isWritable(path("to")));
+}
+
+TEST_F(WindowsTest, AbsolutePathsHaveADriveAndBackslashes) {
+    const std::string absolute = absolutePath("a/b");
+    EXPECT_EQ(absolute.substr(1, 2), ":\\");
+    EXPECT_EQ(absolute.substr(absolute.size() - 4), "\\a\\b");
+    EXPECT_EQ(parentPath("C:\\x"), "C:\\");
+}
