@@ -1,5 +1,6 @@
 #pragma once
 
 #include "oaDM.h"
+#include "oaTechEnums.h"
 #include "oaTechException.h"
 #include "oaTechInit.h"
