@@ -1,5 +1,6 @@
 #pragma once
 
+#include "oa/oaBaseEnums.h"
 #include "oa/oaBaseTypes.h"
 #include "oa/oaCollection.h"
 #include "oa/oaExport.h"

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "oa/oaObject.h"
+
+namespace OpenAccess_4 {
+
+class oaTech;
+
+/// Base of everything that a technology holds.
+class OA_API oaTechObject : public oaObject {
+public:
+    /// The technology that holds the object.
+    oaTech* getTech() const;
+
+    oaBoolean isLayer() const;
+
+    OA_HANDLE(oaTechObject);
+};
+
+} // namespace OpenAccess_4
