@@ -7,8 +7,10 @@
 #include "platform/process.h"
 #include "platform/text.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <iostream>
+#include <thread>
 
 namespace {
 
@@ -29,6 +31,12 @@ int writeAndDie(const std::string& path) {
     std::_Exit(died);
 }
 
+[[noreturn]] void tellProcessAndRunOn() {
+    std::cout << platform::currentProcessId() << std::endl;
+    for (;;)
+        std::this_thread::sleep_for(std::chrono::seconds(1));
+}
+
 } // namespace
 
 int main(int count, char** values) {
@@ -45,6 +53,12 @@ int main(int count, char** values) {
         return writeAndDie(path);
     if (action == "create")
         return platform::createExclusively(path, "child") ? 0 : 1;
+    if (action == "print") {
+        std::cout << path << '\n';
+        return 0;
+    }
+    if (action == "run-on")
+        tellProcessAndRunOn();
     if (action == "tell-process") {
         std::cout << platform::currentProcessId() << '\n';
         return 0;

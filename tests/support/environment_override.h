@@ -18,10 +18,4 @@ private:
     std::optional<std::string> before_;
 };
 
-/// The value of a variable in UTF-8, none when it is not set.
-std::optional<std::string> environmentVariable(const std::string& name);
-
-/// Sets a variable, or removes it. @throws std::runtime_error when the system refuses.
-void setEnvironmentVariable(const std::string& name, const std::optional<std::string>& value);
-
 } // namespace ovalis::test

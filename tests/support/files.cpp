@@ -11,9 +11,8 @@ namespace ovalis::test {
 std::string readText(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (!file) {
+    if (!file)
         throw std::runtime_error("cannot read " + utf8(path));
-    }
     return text;
 }
 
@@ -21,9 +20,8 @@ void writeText(const std::filesystem::path& path, std::string_view text) {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
     file.close();
-    if (!file) {
+    if (!file)
         throw std::runtime_error("cannot write " + utf8(path));
-    }
 }
 
 } // namespace ovalis::test

@@ -1,6 +1,6 @@
 #include "support/places.h"
 
-#include "support/environment_override.h"
+#include "platform/environment.h"
 
 namespace ovalis::test {
 
@@ -13,10 +13,10 @@ std::filesystem::path sourceTree() {
 }
 
 std::optional<std::filesystem::path> sharedData() {
-    const std::optional<std::string> directory = environmentVariable("OVALIS_SHARED_DATA");
-    if (!directory || directory->empty()) {
+    const std::optional<std::string> directory =
+        platform::environmentVariable("OVALIS_SHARED_DATA");
+    if (!directory || directory->empty())
         return std::nullopt;
-    }
     return std::filesystem::path(std::u8string(directory->begin(), directory->end()));
 }
 

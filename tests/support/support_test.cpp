@@ -1,4 +1,6 @@
 #include "support/environment_override.h"
+
+#include "platform/environment.h"
 #include "support/files.h"
 #include "support/places.h"
 #include "support/run_program.h"
@@ -69,11 +71,11 @@ TEST(EnvironmentOverride, RestoresValueAndAbsence) {
         EnvironmentOverride first("OVALIS_TEST_VALUE", "one");
         {
             EnvironmentOverride second("OVALIS_TEST_VALUE", "zwei \xc3\xa4");
-            EXPECT_EQ(environmentVariable("OVALIS_TEST_VALUE"), "zwei \xc3\xa4");
+            EXPECT_EQ(platform::environmentVariable("OVALIS_TEST_VALUE"), "zwei \xc3\xa4");
         }
-        EXPECT_EQ(environmentVariable("OVALIS_TEST_VALUE"), "one");
+        EXPECT_EQ(platform::environmentVariable("OVALIS_TEST_VALUE"), "one");
     }
-    EXPECT_EQ(environmentVariable("OVALIS_TEST_VALUE"), std::nullopt);
+    EXPECT_EQ(platform::environmentVariable("OVALIS_TEST_VALUE"), std::nullopt);
 }
 
 TEST(RunProgram, PassesArgumentsAndCollectsBothStreams) {

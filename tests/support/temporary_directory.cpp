@@ -24,9 +24,8 @@ TemporaryDirectory::~TemporaryDirectory() {
     // Tests may leave read-only directories behind, whose entries could not be removed.
     for (fs::recursive_directory_iterator it(path_, ignored), end; !ignored && it != end;
          it.increment(ignored)) {
-        if (it->is_directory(ignored) && !it->is_symlink(ignored)) {
+        if (it->is_directory(ignored) && !it->is_symlink(ignored))
             fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
-        }
     }
     fs::remove_all(path_, ignored);
 }
