@@ -9,6 +9,7 @@ set(openaccess_include ${CMAKE_INSTALL_INCLUDEDIR}/openaccess)
 file(RELATIVE_PATH bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 set_target_properties(ovalis PROPERTIES INSTALL_RPATH "$ORIGIN")
 set_target_properties(ovalis-cli PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+set_target_properties(ovalis ovalis-cli PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
 
 set(exported ovalis)
 if(NOT OVALIS_OPENACCESS_ROOT)

@@ -32,6 +32,8 @@ file(COPY ${headers} DESTINATION ${root}/include/oa)
 expect_refusal("libraries not found: oaDesign, oaTech, oaDM, oaPlugIn, oaBase, oaCommon")
 
 file(MAKE_DIRECTORY ${root}/lib/linux_64/opt)
+get_filename_component(stand_in ${library} NAME)
+file(CREATE_LINK ${library} ${root}/lib/linux_64/opt/${stand_in} SYMBOLIC)
 foreach(name oaTech oaDM oaPlugIn oaBase oaCommon)
     file(CREATE_LINK ${library} ${root}/lib/linux_64/opt/lib${name}.so SYMBOLIC)
 endforeach()
