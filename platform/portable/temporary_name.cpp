@@ -1,5 +1,3 @@
-#include "portable/temporary_name.h"
-
 #include "platform/atomic_file.h"
 #include "platform/process.h"
 
@@ -14,10 +12,11 @@ namespace {
 // ".<target>.<host>-<process>-<number>.tmp~"
 constexpr std::string_view suffix = ".tmp~";
 
-// A process number says nothing on another computer that shares the directory.
+// A process number says nothing on another computer that shares the directory, nor to a program
+// of the other system that runs on this computer through an emulator.
 std::string hostMark() {
     unsigned hash = 2166136261U;
-    for (const char c : hostName())
+    for (const char c : hostName() + systemName())
         hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
     char text[8];
     const auto [end, error] = std::to_chars(text, text + sizeof text, hash & 0xffffffU, 16);
@@ -75,7 +74,7 @@ void removeStaleTemporaries(std::string_view target) noexcept {
     }
 }
 
-std::string internal::temporaryPathFor(const std::string& target) {
+std::string temporaryPathFor(const std::string& target) {
     // Modules of one process that each hold a copy of this counter are kept apart by exclusive
     // creation and a second try.
     static std::atomic<unsigned> counter = 0;

@@ -1,6 +1,5 @@
 #include "platform/atomic_file.h"
 
-#include "portable/temporary_name.h"
 #include "posix/descriptor.h"
 
 #include <fcntl.h>
@@ -32,7 +31,7 @@ void requireReplaceable(const std::string& target) {
 
 File createTemporary(const std::string& target) {
     for (;;) {
-        const std::string path = internal::temporaryPathFor(target);
+        const std::string path = temporaryPathFor(target);
         const Descriptor created(internal::openDescriptor(path, O_WRONLY | O_CREAT | O_EXCL, 0666));
         if (created)
             return File(path, OpenMode::append);

@@ -1,7 +1,6 @@
 #include "platform/exclusive_file.h"
 
-#include "platform/file.h"
-#include "portable/temporary_name.h"
+#include "platform/atomic_file.h"
 #include "posix/descriptor.h"
 
 #include <fcntl.h>
@@ -18,7 +17,7 @@ namespace {
 class Temporary {
 public:
     Temporary(const std::string& target, std::string_view content)
-        : path(internal::temporaryPathFor(target)) {
+        : path(temporaryPathFor(target)) {
         const Descriptor created(internal::openDescriptor(path, O_WRONLY | O_CREAT | O_EXCL, 0666));
         if (!created)
             fail("cannot create file", target);

@@ -1,5 +1,6 @@
 #include "posix/descriptor.h"
 
+#include "platform/environment.h"
 #include "platform/file.h"
 
 #include <climits>
@@ -86,6 +87,15 @@ bool isSymbolicLink(std::string_view path) noexcept {
     } catch (const std::bad_alloc&) {
         return false;
     }
+}
+
+bool existsAsSpelled(std::string_view path) noexcept {
+    return exists(path);
+}
+
+std::string temporaryDirectory() {
+    const std::string named = environmentVariable("TMPDIR").value_or("");
+    return isDirectory(named) ? named : "/tmp";
 }
 
 bool isReadable(std::string_view path) noexcept {

@@ -57,6 +57,10 @@ ProcessId currentProcessId() noexcept {
     return static_cast<ProcessId>(::getpid());
 }
 
+const char* systemName() noexcept {
+    return "unix";
+}
+
 std::string hostName() {
     char name[HOST_NAME_MAX + 1] = {};
     return ::gethostname(name, HOST_NAME_MAX) == 0 ? name : "localhost";

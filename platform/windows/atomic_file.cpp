@@ -1,6 +1,5 @@
 #include "platform/atomic_file.h"
 
-#include "portable/temporary_name.h"
 #include "windows/wide.h"
 
 namespace platform {
@@ -26,7 +25,7 @@ void requireReplaceable(const std::string& target) {
 
 File createTemporary(const std::string& target) {
     for (;;) {
-        const std::string path = internal::temporaryPathFor(target);
+        const std::string path = temporaryPathFor(target);
         const Handle created(CreateFileW(widePath(path).c_str(), GENERIC_WRITE, internal::shareAll,
                                          nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
         if (created)

@@ -1,7 +1,6 @@
 #include "platform/exclusive_file.h"
 
-#include "platform/file.h"
-#include "portable/temporary_name.h"
+#include "platform/atomic_file.h"
 #include "windows/wide.h"
 
 namespace platform {
@@ -37,7 +36,7 @@ void writeTemporary(const std::wstring& path, const std::string& target, std::st
 
 bool createExclusively(std::string_view path, std::string_view content) {
     const std::string target = nativePath(path);
-    const std::wstring temporary = widePath(internal::temporaryPathFor(target));
+    const std::wstring temporary = widePath(temporaryPathFor(target));
     writeTemporary(temporary, target, content);
     // Without the flag to replace, the move is refused when the name is taken.
     if (MoveFileExW(temporary.c_str(), widePath(target).c_str(), 0))

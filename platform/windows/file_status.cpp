@@ -95,6 +95,25 @@ bool isSymbolicLink(std::string_view path) noexcept {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT);
 }
 
+bool existsAsSpelled(std::string_view path) noexcept {
+    try {
+        WIN32_FIND_DATAW found;
+        const HANDLE search = FindFirstFileW(widePath(path).c_str(), &found);
+        if (search == INVALID_HANDLE_VALUE)
+            return false;
+        FindClose(search);
+        return wide(fileName(path)) == found.cFileName;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+std::string temporaryDirectory() {
+    wchar_t path[MAX_PATH + 1];
+    const DWORD length = GetTempPathW(static_cast<DWORD>(std::size(path)), path);
+    return length > 0 ? absolutePath(internal::narrow(std::wstring_view(path, length))) : ".";
+}
+
 bool isReadable(std::string_view path) noexcept {
     return mayOpen(path, FILE_READ_DATA);
 }

@@ -32,6 +32,10 @@ ProcessId currentProcessId() noexcept {
     return GetCurrentProcessId();
 }
 
+const char* systemName() noexcept {
+    return "windows";
+}
+
 std::string hostName() {
     wchar_t name[256];
     DWORD size = static_cast<DWORD>(std::size(name));

@@ -111,6 +111,17 @@ TEST_F(FileTest, KnowsOneFileUnderTwoSpellings) {
     EXPECT_FALSE(sameFile(path("missing"), path("missing")));
 }
 
+TEST_F(FileTest, KnowsHowANameIsSpelled) {
+    put("x");
+    EXPECT_TRUE(existsAsSpelled(path()));
+    EXPECT_FALSE(existsAsSpelled(path("FILE")));
+    EXPECT_FALSE(existsAsSpelled(path("missing")));
+}
+
+TEST_F(FileTest, HasAPlaceForFilesOfTheMoment) {
+    EXPECT_TRUE(isDirectory(temporaryDirectory()));
+}
+
 TEST_F(FileTest, TellsWhenAFileWasWritten) {
     put("x");
     const auto now = std::chrono::system_clock::now();

@@ -35,6 +35,13 @@ bool isWritable(std::string_view path) noexcept;
 /// True when both paths lead to one file; false when either is missing.
 bool sameFile(std::string_view first, std::string_view second) noexcept;
 
+/// True when there is such a file or directory and its last name is spelled so on the disk. Differs
+/// from exists() where the file system takes upper and lower case for the same.
+bool existsAsSpelled(std::string_view path) noexcept;
+
+/// Where programs put files of the moment.
+std::string temporaryDirectory();
+
 /// @throws SystemFailure  the file is missing.
 std::uint64_t fileSize(std::string_view path);
 std::chrono::system_clock::time_point lastWriteTime(std::string_view path);

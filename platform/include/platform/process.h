@@ -10,6 +10,9 @@ using ProcessId = std::uint32_t;
 
 ProcessId currentProcessId() noexcept;
 
+/// The family of the running system: "unix" or "windows".
+const char* systemName() noexcept;
+
 /// The name of this computer.
 std::string hostName();
 
