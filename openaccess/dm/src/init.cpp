@@ -1,6 +1,6 @@
 #include "oaDMInit.h"
 
-#include "base/src/buildNames.h"
+#include "base/src/build_names.h"
 
 namespace OpenAccess_4 {
 

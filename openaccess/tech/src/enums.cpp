@@ -1,6 +1,6 @@
 #include "oaTechEnums.h"
 
-#include "base/src/namedEnum.h"
+#include "base/src/named_enum.h"
 
 namespace OpenAccess_4 {
 

@@ -1,6 +1,6 @@
 #include "oaBaseInit.h"
 
-#include "base/src/buildNames.h"
+#include "base/src/build_names.h"
 #include "oaBuildInfo.h"
 #include "oaException.h"
 

@@ -1,6 +1,6 @@
 #include "oaException.h"
 
-#include "base/src/buildNames.h"
+#include "base/src/build_names.h"
 #include "base/src/format.h"
 #include "base/src/messages.h"
 
