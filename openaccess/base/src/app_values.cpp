@@ -2,6 +2,7 @@
 
 #include "base/src/database.h"
 #include "base/src/session.h"
+#include "oa/oaAppDef.h"
 
 namespace OpenAccess_4::impl {
 

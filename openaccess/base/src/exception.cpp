@@ -40,6 +40,14 @@ constexpr impl::MessageFormat formats[] = {
     {oacHierNameInvalid, "'%s' is not a hierarchical name of this name space."},
     {oacPropNameUsed, "The object already has a property named '%s'."},
     {oacInvalidObjForProp, "An object of type %s cannot have properties."},
+    {oacNotAnEnumOfProp, "'%s' is not one of the values of the property."},
+    {oacInvalidObject, "The object was destroyed, or its database was closed."},
+    {oacTableFull, "The database cannot hold more objects of this kind."},
+    {oacStringPoolFull, "The texts of a database cannot pass 4 GiB."},
+    {oacPointPoolFull, "The outlines of a database cannot pass 4294967295 points."},
+    {oacDatabaseFileDamaged, "File '%s' is not a sound database: it %s."},
+    {oacDatabaseFileNotRead, "File '%s' cannot be read: %s."},
+    {oacDatabaseFileNotWritten, "File '%s' cannot be written: %s."},
 };
 
 } // namespace

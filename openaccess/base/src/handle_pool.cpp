@@ -1,5 +1,7 @@
 #include "base/src/handle_pool.h"
 
+#include "platform/memory.h"
+
 #include <cstring>
 #include <new>
 
@@ -8,6 +10,9 @@ namespace OpenAccess_4::impl {
 namespace {
 
 constexpr std::align_val_t kAlignment{64};
+
+// From half a large page on, memory comes straight from the system, in large pages where it can.
+constexpr std::size_t kFewPages = platform::largePageSize / 2;
 
 } // namespace
 
@@ -19,8 +24,11 @@ HandlePool& HandlePool::instance() {
 
 oaObject* HandlePool::take(std::uint32_t capacity) {
     std::deque<oaObject*>& unused = unused_[capacity];
-    if (unused.empty())
-        return static_cast<oaObject*>(::operator new(capacity * sizeof(oaObject)));
+    if (unused.empty()) {
+        const std::size_t bytes = capacity * sizeof(oaObject);
+        return static_cast<oaObject*>(bytes < kFewPages ? ::operator new(bytes)
+                                                        : platform::allocatePages(bytes));
+    }
     oaObject* handles = unused.front();
     unused.pop_front();
     return handles;
@@ -31,13 +39,18 @@ void HandlePool::giveBack(oaObject* handles, std::uint32_t capacity) {
 }
 
 std::byte* allocateRecords(std::size_t bytes) {
+    if (bytes >= kFewPages)
+        return static_cast<std::byte*>(platform::allocatePages(bytes));
     void* memory = ::operator new(bytes, kAlignment);
     std::memset(memory, 0, bytes);
     return static_cast<std::byte*>(memory);
 }
 
 void freeRecords(std::byte* records, std::size_t bytes) {
-    ::operator delete(records, bytes, kAlignment);
+    if (bytes >= kFewPages)
+        platform::freePages(records, bytes);
+    else
+        ::operator delete(records, bytes, kAlignment);
 }
 
 } // namespace OpenAccess_4::impl

@@ -1,6 +1,5 @@
 #include "base/src/hash.h"
 
-#define XXH_INLINE_ALL
 #include <xxhash.h>
 
 namespace OpenAccess_4::impl {

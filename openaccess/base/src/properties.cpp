@@ -23,13 +23,21 @@ oaObject* PropRecord::construct(void* where) const {
     return constructors[std::size_t(kind)](where);
 }
 
+namespace {
+
+const oaChar* typeName(const Database& database, const ObjectRef& ref) {
+    return oaType(database.handle(ref)->getType()).getName();
+}
+
+} // namespace
+
 Properties::Properties(Database& database)
     : database_(database), table_(database.addTable<PropRecord>(kPropTable)) {}
 
 oaProp* Properties::create(const ObjectRef& owner, const char* name, PropKind kind,
                            const PropPayload& value) {
     if (!database_.holdsProperties())
-        throw oaError(oacInvalidObjForProp, name);
+        throw oaError(oacInvalidObjForProp, typeName(database_, owner));
     database_.edit();
     const StringId id = database_.strings.intern(name);
     requireFree(owner, name, id);

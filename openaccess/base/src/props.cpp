@@ -166,7 +166,7 @@ void requireEnum(const oaStringArray& enums, const oaString& value) {
     for (oaUInt4 i = 0; i < enums.getNumElements(); ++i)
         if (enums[i] == value)
             return;
-    throw oaError(oacInvalidEnumValue, static_cast<const oaChar*>(value));
+    throw oaError(oacNotAnEnumOfProp, static_cast<const oaChar*>(value));
 }
 
 } // namespace

@@ -2,7 +2,9 @@
 
 #include "base/src/database.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace OpenAccess_4::impl {
@@ -16,6 +18,10 @@ enum class DatabaseFileKind : std::uint32_t { Design = 1, Technology = 2, PcellS
 ///                  oacDatabaseFileDamaged: it is not a whole and sound file of that kind.
 ///                  Both texts name the file and what is wrong.
 void readDatabaseFile(const std::string& path, DatabaseFileKind kind, Database& database);
+
+/// The same from the bytes of such a file; messages call it `name`.
+void readDatabaseBytes(const std::string& name, std::span<const std::byte> bytes,
+                       DatabaseFileKind kind, Database& database);
 
 /// Writes `database` and puts it in the place of the file in one step: a reader sees the old file
 /// or the new one. Destroyed objects and texts that nothing names any more are left out.

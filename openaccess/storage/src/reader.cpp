@@ -12,12 +12,51 @@ namespace OpenAccess_4::impl {
 
 namespace {
 
+/// The bytes of a database file, from the first to the last.
+class ByteSource {
+public:
+    virtual ~ByteSource() = default;
+    virtual std::uint64_t size() const = 0;
+    /// Fills `bytes`; false when there are fewer.
+    virtual bool read(std::span<std::byte> bytes) = 0;
+};
+
+class FileSource final : public ByteSource {
+public:
+    explicit FileSource(const std::string& path) : file_(path, platform::OpenMode::read) {}
+
+    std::uint64_t size() const override { return file_.size(); }
+    bool read(std::span<std::byte> bytes) override {
+        return file_.read(bytes.data(), bytes.size()) == bytes.size();
+    }
+
+private:
+    platform::File file_;
+};
+
+class MemorySource final : public ByteSource {
+public:
+    explicit MemorySource(std::span<const std::byte> bytes) : bytes_(bytes) {}
+
+    std::uint64_t size() const override { return size_; }
+    bool read(std::span<std::byte> bytes) override {
+        if (bytes.size() > bytes_.size())
+            return false;
+        std::copy_n(bytes_.begin(), bytes.size(), bytes.begin());
+        bytes_ = bytes_.subspan(bytes.size());
+        return true;
+    }
+
+private:
+    std::span<const std::byte> bytes_;
+    std::uint64_t size_ = bytes_.size();
+};
+
 /// Reads one database file from its first byte to its last.
 class Reader {
 public:
-    Reader(const std::string& path, Database& database)
-        : path_(path), file_(path, platform::OpenMode::read), fileSize_(file_.size()),
-          database_(database) {}
+    Reader(const std::string& path, ByteSource& source, Database& database)
+        : path_(path), source_(source), fileSize_(source.size()), database_(database) {}
 
     void read(DatabaseFileKind kind) {
         readHeader(kind);
@@ -36,7 +75,7 @@ private:
     }
 
     void readBytes(std::span<std::byte> bytes) {
-        if (file_.read(bytes.data(), bytes.size()) != bytes.size())
+        if (!source_.read(bytes))
             damaged("ends too early");
         offset_ += bytes.size();
     }
@@ -164,7 +203,7 @@ private:
     }
 
     const std::string& path_;
-    platform::File file_;
+    ByteSource& source_;
     std::uint64_t fileSize_;
     Database& database_;
     std::uint64_t offset_ = 0;
@@ -178,10 +217,17 @@ private:
 
 void readDatabaseFile(const std::string& path, DatabaseFileKind kind, Database& database) {
     try {
-        Reader(path, database).read(kind);
+        FileSource source(path);
+        Reader(path, source, database).read(kind);
     } catch (const platform::SystemFailure& failure) {
         throw oaError(oacDatabaseFileNotRead, path.c_str(), failure.error().text().c_str());
     }
+}
+
+void readDatabaseBytes(const std::string& name, std::span<const std::byte> bytes,
+                       DatabaseFileKind kind, Database& database) {
+    MemorySource source(bytes);
+    Reader(name, source, database).read(kind);
 }
 
 } // namespace OpenAccess_4::impl

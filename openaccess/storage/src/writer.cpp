@@ -143,6 +143,7 @@ void writeCompacted(platform::AtomicFile& file, DatabaseFileKind kind, const Dat
 } // namespace
 
 void writeDatabaseFile(const std::string& path, DatabaseFileKind kind, const Database& database) {
+    platform::removeStaleTemporaries(path);
     try {
         platform::AtomicFile file(path);
         if (database.hasGarbage())

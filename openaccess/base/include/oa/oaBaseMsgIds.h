@@ -33,6 +33,14 @@ enum oaBaseMsgIds {
     oacHierNameInvalid,
     oacPropNameUsed = 60,
     oacInvalidObjForProp,
+    oacNotAnEnumOfProp,
+    oacInvalidObject = 70,
+    oacTableFull,
+    oacStringPoolFull,
+    oacPointPoolFull,
+    oacDatabaseFileDamaged = 80,
+    oacDatabaseFileNotRead,
+    oacDatabaseFileNotWritten,
 };
 
 } // namespace OpenAccess_4

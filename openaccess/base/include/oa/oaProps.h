@@ -1,7 +1,8 @@
 #pragma once
 
-#include "oa/oaArrays.h"
+#include "oa/oaByteArray.h"
 #include "oa/oaProp.h"
+#include "oa/oaStringArray.h"
 
 namespace OpenAccess_4 {
 
@@ -105,14 +106,14 @@ private:
 /// One of a fixed list of texts.
 class OA_API oaEnumProp : public oaProp {
 public:
-    /// @throws oaError  oacInvalidEnumValue: `value` is not one of `enums`
+    /// @throws oaError  oacNotAnEnumOfProp: `value` is not one of `enums`
     static oaEnumProp* create(oaObject* object, const oaString& name, const oaString& value,
                               oaUInt4 numEnums, const oaString* enums);
     static oaEnumProp* create(oaObject* object, const oaString& name, const oaString& value,
                               const oaStringArray& enums);
 
     void getValue(oaString& value) const;
-    /// @throws oaError  oacInvalidEnumValue
+    /// @throws oaError  oacNotAnEnumOfProp
     void setValue(const oaString& value);
     oaEnumCollection getEnums() const;
 
