@@ -1,0 +1,72 @@
+// Lets a scoped handle give back what was given back before, and says by its exit status whether
+// the process went on (0) or was ended (10).
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include <ovalis/library.h>
+#include <platform/text.h>
+
+using namespace ovalis;
+
+namespace {
+
+oa::oaDMFile& newFile(oa::oaLib& lib) {
+    lib.getAccess(oa::oacWriteLibAccess);
+    return *oa::oaDMFile::create(&lib, "notes.txt");
+}
+
+void closedLibrary(LibPtr lib) {
+    const SharedOaLib shared(lib.get());
+    lib.release()->close();
+}
+
+void closedOwnLibrary(LibPtr lib) {
+    lib->close();
+}
+
+void releasedAccess(LibPtr lib) {
+    const ScopedLibAccess access(*lib, oa::oaLibAccess(oa::oacReadLibAccess), 0);
+    lib->releaseAccess();
+}
+
+void releasedLock(LibPtr lib) {
+    oa::oaDMFile& file = newFile(*lib);
+    const ScopedDMFileLock lock(file);
+    file.releaseLock();
+}
+
+void releasedTryLock(LibPtr lib) {
+    oa::oaDMFile& file = newFile(*lib);
+    const ScopedDMFileTryLock lock(file);
+    file.releaseLock();
+}
+
+} // namespace
+
+int main(int count, char** values) {
+    const std::vector<std::string> arguments = platform::utf8Arguments(count, values);
+    if (arguments.size() != 3) {
+        return 2;
+    }
+    std::set_terminate([] { std::_Exit(10); });
+    const std::string& name = arguments[2];
+    LibPtr lib = createLib(arguments[1], "lib");
+    if (name == "shared") {
+        closedLibrary(std::move(lib));
+    } else if (name == "owned") {
+        closedOwnLibrary(std::move(lib));
+    } else if (name == "access") {
+        releasedAccess(std::move(lib));
+    } else if (name == "lock") {
+        releasedLock(std::move(lib));
+    } else if (name == "try-lock") {
+        releasedTryLock(std::move(lib));
+    } else {
+        return 2;
+    }
+    std::cout << "went on\n";
+    return 0;
+}
