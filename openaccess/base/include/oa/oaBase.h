@@ -11,6 +11,8 @@
 #include "oaCommon.h"
 #include "oaException.h"
 #include "oaOrient.h"
+#include "oaParam.h"
+#include "oaParamArray.h"
 #include "oaPoint.h"
 #include "oaPointArray.h"
 #include "oaSegStyle.h"
