@@ -201,6 +201,13 @@ TEST_F(Symbols, AreTheSameFromDisk) {
     expectDrawn(read, expectedSymbol(4));
 }
 
+TEST_F(Symbols, FailInADesignThatIsClosed) {
+    oa::oaDesign& symbol = newSymbol();
+    symbol.purge();
+    EXPECT_EQ(messageIdOf([&] { vexSymbolSnPDifferential(symbol, 1); }), oa::oacInvalidObject);
+    EXPECT_EQ(messageIdOf([&] { vexSymbolSnPDifferentialForks(symbol, 1); }), oa::oacInvalidObject);
+}
+
 TEST_F(Symbols, FailInADesignThatCannotBeChanged) {
     oa::oaDesign& symbol = newSymbol();
     symbol.save();
