@@ -37,6 +37,7 @@ TEST(Type, KeepsItsNumbers) {
     EXPECT_EQ(static_cast<int>(oacDoubleAppDefType), 245);
     EXPECT_EQ(static_cast<int>(oacFigGroupType), 257);
     EXPECT_EQ(static_cast<int>(oacDerivedLayerDefType), 270);
+    EXPECT_EQ(static_cast<int>(oacStringValueType), 271);
 }
 
 TEST(Type, HasTheNameOfItsClass) {
@@ -64,9 +65,9 @@ TEST(Type, HasTheNameOfItsClass) {
 
 TEST(Type, HasADifferentNameForEachValue) {
     std::set<std::string> names;
-    for (int i = 0; i <= oacDerivedLayerDefType; ++i)
+    for (int i = 0; i <= oacStringValueType; ++i)
         names.insert(std::string(oaType(static_cast<oaTypeEnum>(i)).getName()));
-    EXPECT_EQ(names.size(), 271u);
+    EXPECT_EQ(names.size(), 272u);
 }
 
 TEST(Type, IsUsedLikeItsEnumerator) {

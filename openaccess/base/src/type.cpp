@@ -52,6 +52,7 @@ OA_ENUM_NAMES(
     "LibDMData", "CellDMData", "ViewDMData", "CellViewDMData", "Feature", "FigGroup", "FigGroupMem",
     "TechHeader", "TechLayerHeader", "TechViaDefHeader", "LayerArrayConstraintDef",
     "LayerArrayConstraint", "UInt8Value", "IntDualIntArrayTblValue", "IntRangeValue",
-    "UInt8RangeValue", "DerivedLayerParamDef", "DerivedLayerParam", "DerivedLayerDef")
+    "UInt8RangeValue", "DerivedLayerParamDef", "DerivedLayerParam", "DerivedLayerDef",
+    "StringValue")
 
 } // namespace OpenAccess_4

@@ -25,6 +25,11 @@ constexpr impl::MessageFormat formats[] = {
      "The technology of library '%s' already has a purpose with number %u."},
     {oacPurposeNameExists, "The technology of library '%s' already has a purpose named '%s'."},
     {oacDerivedLayerDefExists, "A derived layer definition named '%s' already exists."},
+    {oacDerivedLayerDefIsBuiltIn, "The derived layer definition '%s' is built in."},
+    {oacDerivedLayerInvalid, "The derived layer '%s' cannot be made: %s."},
+    {oacInvalidDatabaseForValue, "A %s does not keep values."},
+    {oacInvalidDBUPerUU, "A user unit cannot have 0 database units."},
+    {oacCannotDestroyOpenTech, "The technology of library '%s' is open and cannot be destroyed."},
 };
 
 } // namespace

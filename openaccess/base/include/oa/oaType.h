@@ -276,6 +276,7 @@ enum oaTypeEnum {
     oacDerivedLayerParamDefType,
     oacDerivedLayerParamType,
     oacDerivedLayerDefType,
+    oacStringValueType,
 };
 
 OA_API const impl::EnumInfo& enumInfo(oaTypeEnum);

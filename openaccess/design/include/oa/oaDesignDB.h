@@ -3,4 +3,7 @@
 #include "oaDesignEnums.h"
 #include "oaDesignException.h"
 #include "oaDesignInit.h"
+#include "oaDesignInterfaces.h"
+#include "oaPcellDef.h"
+#include "oaPcellLink.h"
 #include "oaTechDB.h"

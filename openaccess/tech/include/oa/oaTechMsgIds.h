@@ -17,6 +17,11 @@ enum oaTechMsgIds {
     oacPurposeNumberExists,
     oacPurposeNameExists,
     oacDerivedLayerDefExists,
+    oacDerivedLayerDefIsBuiltIn,
+    oacDerivedLayerInvalid,
+    oacInvalidDatabaseForValue,
+    oacInvalidDBUPerUU,
+    oacCannotDestroyOpenTech,
 };
 
 } // namespace OpenAccess_4
