@@ -1,0 +1,125 @@
+#pragma once
+
+#include "oaBaseEnums.h"
+
+namespace OpenAccess_4 {
+
+class oaName;
+class oaNameMem;
+class oaScalarName;
+class oaSimpleName;
+
+/// A way of spelling names. Names are held in an internal form, which is the native spelling; a
+/// name space reads its own spelling into that form and writes it back.
+///
+/// Name spaces hold no data: objects may be static, temporary and copied, and work before any
+/// init call. The order of the virtual members is part of the binary interface.
+class OA_API oaNameSpace {
+public:
+    oaNameSpace();
+    oaNameSpace(const oaNameSpace&);
+    oaNameSpace& operator=(const oaNameSpace&);
+    virtual ~oaNameSpace();
+
+    /// Whether two names are the same name in this name space.
+    virtual oaBoolean isEqual(const oaScalarName& n1, const oaScalarName& n2) const;
+    virtual oaBoolean isEqual(const oaSimpleName& n1, const oaSimpleName& n2) const;
+    virtual oaBoolean isEqual(const oaName& n1, const oaName& n2) const;
+    virtual oaBoolean isEqual(const oaNameMem& n1, const oaNameMem& n2) const;
+
+    /// The form of the name that `in` spells; oacEmptyNameType when it spells none.
+    virtual oaNameType getType(const oaChar* in) const = 0;
+
+    /// Reads the first `len` characters of `in`, one member of a name, into its internal form.
+    /// @throws oaError  41: there is no text. oacScalarNameInvalid: it spells no name.
+    virtual void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
+                                   oaUInt4 len, oaUInt4 flags = 0) const = 0;
+    virtual void getInternalScalar(const oaChar* in, oaScalarName& out) const = 0;
+
+    /// Writes the member whose internal form is `in` into `out` from position `loc` on, ends it
+    /// with a zero byte and moves `loc` onto that.
+    virtual void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
+                           oaUInt4 flags = 0) const = 0;
+    virtual void getScalarName(const oaScalarName& in, oaString& out, oaUInt4& loc) const = 0;
+    virtual void getSimpleName(const oaSimpleName& in, oaString& out, oaUInt4& loc) const;
+
+protected:
+    /// Writes one character at `loc`, behind it a zero byte, and moves `loc` onto that. `out`
+    /// grows when it is too small.
+    static void writeChar(oaChar c, oaString& out, oaUInt4& loc);
+    /// Writes "#" and the two hexadecimal digits of `c` in lower case, as writeChar does.
+    static void encodeChar(oaByte c, oaString& out, oaUInt4& loc);
+    /// The byte that two hexadecimal digits of either case give.
+    static oaByte decodeChar(const oaChar* twoHexDigits);
+    /// Whether it is a hexadecimal digit of either case.
+    static oaBoolean isHexDigit(oaChar c);
+    /// Whether the byte is a letter, a digit or "_": it stands for itself in every name space.
+    static oaBoolean isInternalNormalChar(oaByte c);
+    /// Refuses a text that gives no name at all.
+    /// @throws oaError  41: `in` is null or empty, or `len` is 0.
+    static void requireText(const oaChar* in, oaUInt4 len);
+};
+
+namespace impl {
+
+/// What name spaces have in common that spell scalar names only as one member.
+class OA_API ScalarNameSpace : public oaNameSpace {
+public:
+    oaNameType getType(const oaChar* in) const override;
+    void getInternalScalar(const oaChar* in, oaScalarName& out) const override;
+    void getScalarName(const oaScalarName& in, oaString& out, oaUInt4& loc) const override;
+};
+
+} // namespace impl
+
+/// The spelling of the database itself: every text that is not empty is a name.
+class OA_API oaNativeNS : public impl::ScalarNameSpace {
+public:
+    void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive, oaUInt4 len,
+                           oaUInt4 flags = 0) const override;
+    void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
+                   oaUInt4 flags = 0) const override;
+};
+
+/// The spelling of net and terminal names in circuit descriptions.
+///
+/// Letters, digits and the printable characters other than `# < > ( ) , / \` and the back quote
+/// stand for themselves; every other byte is "#" and its two hexadecimal digits.
+class OA_API oaCdbaNS : public impl::ScalarNameSpace {
+public:
+    /// Of a name with angle brackets or commas, tells its form without reading it.
+    oaNameType getType(const oaChar* in) const override;
+    void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive, oaUInt4 len,
+                           oaUInt4 flags = 0) const override;
+    void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
+                   oaUInt4 flags = 0) const override;
+};
+
+/// The spelling of names as directories and files of a Unix system.
+///
+/// Letters, digits and "_" stand for themselves, every other byte is "#" and its two hexadecimal
+/// digits. Other texts are no names: directories that are spelled otherwise belong to nobody.
+class OA_API oaUnixNS : public impl::ScalarNameSpace {
+public:
+    oaNameType getType(const oaChar* in) const override;
+    void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive, oaUInt4 len,
+                           oaUInt4 flags = 0) const override;
+    void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
+                   oaUInt4 flags = 0) const override;
+};
+
+/// The spelling of names as directories and files of a Windows system, which takes upper and
+/// lower case letters for the same and reserves the names of devices.
+///
+/// As in oaUnixNS, and an upper-case letter has "%" in front, the name of a device "%%". Reading
+/// takes the case of a letter from the "%" alone.
+class OA_API oaWinNS : public impl::ScalarNameSpace {
+public:
+    oaNameType getType(const oaChar* in) const override;
+    void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive, oaUInt4 len,
+                           oaUInt4 flags = 0) const override;
+    void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
+                   oaUInt4 flags = 0) const override;
+};
+
+} // namespace OpenAccess_4
