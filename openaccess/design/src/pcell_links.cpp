@@ -1,7 +1,6 @@
 #include "design/src/pcell_links.h"
 
 #include "oa/oaDesignException.h"
-#include "oatest/pcell_links.h"
 
 #include <algorithm>
 
@@ -78,14 +77,3 @@ void oaPcellLink::destroy() {
 }
 
 } // namespace OpenAccess_4
-
-namespace oatest {
-
-std::vector<std::string> pcellLinkNames() {
-    std::vector<std::string> names;
-    for (const auto& name : OpenAccess_4::impl::PcellLinks::instance().names())
-        names.emplace_back(name);
-    return names;
-}
-
-} // namespace oatest
