@@ -184,8 +184,9 @@ std::string besideFile(const std::string& file, const std::string& name) {
     const bool drive = name.size() > 1 && name[1] == ':';
     if (drive || platform::isPathSeparator(name.front()))
         return name;
-    const std::string directory = platform::parentPath(file);
-    return directory == "." ? name : platform::joinPath(directory, name);
+    // What stands before the file's own name is kept as the caller spelt it.
+    const std::size_t ownName = platform::fileName(file).size();
+    return file.substr(0, file.size() - ownName) + name;
 }
 
 } // namespace
