@@ -50,7 +50,7 @@ void freeRecords(std::byte* records, std::size_t bytes) {
     if (bytes >= kFewPages)
         platform::freePages(records, bytes);
     else
-        ::operator delete(records, bytes, kAlignment);
+        ::operator delete(records, kAlignment);
 }
 
 } // namespace OpenAccess_4::impl
