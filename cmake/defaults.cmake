@@ -15,12 +15,18 @@ if(WIN32)
 endif()
 
 option(OVALIS_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
-option(OVALIS_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(OVALIS_BUILD_BENCH "Build the benchmarks" OFF)
 option(OVALIS_BUILD_FUZZ "Build the fuzz targets; needs clang++" OFF)
 option(OVALIS_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
 set(OVALIS_OPENACCESS_ROOT "" CACHE PATH
     "Installed OpenAccess to build on; empty for the embedded one")
+
+# The tests look inside the embedded OpenAccess.
+set(tests_by_default ${PROJECT_IS_TOP_LEVEL})
+if(OVALIS_OPENACCESS_ROOT)
+    set(tests_by_default OFF)
+endif()
+option(OVALIS_BUILD_TESTS "Build the tests" ${tests_by_default})
 
 if(OVALIS_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all

@@ -7,7 +7,7 @@ file(REMOVE_RECURSE ${root} ${tree}/build)
 function(configure)
     file(REMOVE_RECURSE ${tree}/build)
     execute_process(COMMAND ${CMAKE_COMMAND} -S ${source} -B ${tree}/build -G ${generator}
-                            -DOVALIS_OPENACCESS_ROOT=${root} -DOVALIS_BUILD_TESTS=OFF
+                            -DOVALIS_OPENACCESS_ROOT=${root}
                             -DCMAKE_CXX_COMPILER=${compiler}
                             -DCMAKE_CXX_COMPILER_LAUNCHER=${launcher}
                     RESULT_VARIABLE result OUTPUT_VARIABLE text ERROR_VARIABLE text)
