@@ -16,7 +16,7 @@ oaNameType oaSimpleName::getType() const {
     return scalar_.isEmpty() ? oacEmptyNameType : oacScalarNameType;
 }
 
-const oaString& impl::internalText(const oaScalarName& name) {
+const oaString& impl::NameAccess::text(const oaScalarName& name) {
     return name.member_.getValue();
 }
 

@@ -7,8 +7,14 @@ namespace OpenAccess_4 {
 
 namespace impl {
 
-/// The internal form of a name, without a copy.
-OA_API const oaString& internalText(const oaScalarName& name);
+struct OA_API NameAccess {
+    /// The internal form of a name, without a copy.
+    static const oaString& text(const oaScalarName& name);
+};
+
+inline const oaString& internalText(const oaScalarName& name) {
+    return NameAccess::text(name);
+}
 
 } // namespace impl
 
@@ -35,7 +41,7 @@ public:
 private:
     friend class impl::ScalarNameSpace;
     friend class oaNameSpace;
-    friend const oaString& impl::internalText(const oaScalarName& name);
+    friend struct impl::NameAccess;
 
     oaNameMem member_;
 };
