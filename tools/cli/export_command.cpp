@@ -1,0 +1,64 @@
+#include <sstream>
+#include <stdexcept>
+
+#include "cli/commands.h"
+#include "cli/export_component.h"
+#include "cli/library_access.h"
+#include "component/read_component.h"
+
+namespace cli {
+namespace {
+
+std::string counted(std::size_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+void say(Console& console, const component::Component& component, const ExportOptions& options,
+         const ExportReport& report) {
+    const ArtworkReport& art = report.artwork;
+    console.talk << (report.replaced ? "replaced " : "made ") << component.name << " in "
+                 << (report.newLibrary ? "the new library " : "the library ")
+                 << directoryOf(options.library)
+                 << "\n  layout: " << counted(art.rectangles, "rectangle") << ", "
+                 << counted(art.polygons, "polygon") << ", " << counted(art.lines, "line") << " on "
+                 << counted(art.layers, "layer") << ", " << counted(art.texts, "text") << ", "
+                 << counted(component.ports.size(), "port") << "\n  pcell: "
+                 << (component.kind == component::Kind::scriptMacro ? "script macro"
+                                                                    : "S-parameters")
+                 << " with " << counted(component.parameters.size(), "parameter") << '\n';
+    if (component.symbol.kind != component::SymbolKind::none)
+        console.talk << "  symbol: " << counted(component.symbol.ports, "differential port")
+                     << '\n';
+    if (art.dropped > 0)
+        console.talk << "  left out: " << counted(art.dropped, "figure")
+                     << " without area, length or text\n";
+}
+
+void warn(Console& console, const std::string& text) {
+    console.talk << "ovalis: warning: " << text << '\n';
+}
+
+} // namespace
+
+int exportCommand(const ExportOptions& options, Console& console) {
+    requireUsablePath(directoryOf(options.library));
+    const component::Component component = component::readComponent(options.componentFile);
+    const component::Layout layout = component::readLayout(component);
+    for (const std::string& warning : component.warnings)
+        warn(console, warning);
+    ExportReport report;
+    try {
+        report = exportComponent(component, layout, options.library, options.replace, [](Step) {});
+    } catch (const std::runtime_error& error) {
+        const std::string path = directoryOf(options.library);
+        const std::string text = error.what();
+        throw std::runtime_error(text.find(path) == std::string::npos ? path + ": " + text : text);
+    }
+    say(console, component, options, report);
+    std::istringstream lacks(report.lacks);
+    for (std::string line; std::getline(lacks, line);)
+        warn(console, directoryOf(options.library) + ": " + line);
+    return success;
+}
+
+} // namespace cli

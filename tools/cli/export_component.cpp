@@ -1,0 +1,166 @@
+#include "cli/export_component.h"
+
+#include <stdexcept>
+
+#include "cli/library_access.h"
+#include "cli/technology.h"
+#include "platform/file.h"
+#include "platform/path.h"
+
+namespace cli {
+namespace {
+
+/// The library that an export works on, with write access. One that was made here goes again unless
+/// `keep` is called.
+class TargetLibrary {
+public:
+    explicit TargetLibrary(const LibraryOptions& options)
+        : path_(directoryOf(options)),
+          isNew_(!ovalis::existsLib(path_)),
+          hadDirectory_(platform::exists(path_)) {
+        if (isNew_)
+            create(nameOf(options));
+        else
+            lib_ = ovalis::openLib(path_, true, nameOf(options));
+        if (!platform::exists(platform::joinPath(path_, ".oalib")))
+            throw std::runtime_error(path_ + ": .oalib not found");
+    }
+    TargetLibrary(const TargetLibrary&) = delete;
+    TargetLibrary& operator=(const TargetLibrary&) = delete;
+    ~TargetLibrary() {
+        lib_.reset();
+        if (isNew_ && !kept_ && !hadDirectory_)
+            removeAgain();
+    }
+
+    oa::oaLib& operator*() const { return *lib_; }
+    const std::string& path() const { return path_; }
+    bool isNew() const { return isNew_; }
+
+    /// The export succeeded.
+    void keep() { kept_ = true; }
+
+private:
+    void create(const std::string& name) {
+        if (!platform::isDirectory(platform::parentPath(path_)))
+            throw std::runtime_error(path_ + ": the directory above it does not exist");
+        try {
+            // Made and opened again, because a new library is handed out without access.
+            ovalis::createVEXCompatibleLib(path_, name).reset();
+            lib_ = ovalis::openLib(path_, true, name);
+        } catch (const std::runtime_error&) {
+            if (!hadDirectory_)
+                removeAgain();
+            throw;
+        }
+    }
+
+    void removeAgain() const noexcept {
+        try {
+            platform::removeTree(path_);
+        } catch (const platform::SystemFailure&) {
+            // An empty library is left, which does no harm.
+        }
+    }
+
+    std::string path_;
+    bool isNew_;
+    bool hadDirectory_;
+    bool kept_ = false;
+    ovalis::LibPtr lib_;
+};
+
+/// Gives a library that was made by other means the definition file that it needs to be found.
+void completeDefinitions(const std::string& path, const std::string& name) {
+    const std::string file = platform::joinPath(path, "lib.defs");
+    if (platform::exists(file))
+        return;
+    const std::string text = "INCLUDE $MOLTRAX_DIR/oalibs/vex.defs\nDEFINE " + name + " .\n";
+    platform::File definitions(file, platform::OpenMode::write);
+    definitions.write(text.data(), text.size());
+    definitions.close();
+}
+
+/// Throws when somebody has a view of the cell open for editing.
+void requireNobodyEdits(oa::oaCell& cell, const std::string& cellName) {
+    oa::oaIter<oa::oaCellView> views(cell.getCellViews());
+    while (oa::oaCellView* view = views.getNext()) {
+        oa::oaDMFile* primary = view->getPrimary();
+        if (primary != nullptr && !ovalis::ScopedDMFileTryLock(*primary).hasLock())
+            throw std::runtime_error("the cell " + cellName + " is locked, somebody edits it");
+    }
+}
+
+/// @returns true when there is a cell to be replaced.
+bool requireReplaceable(oa::oaLib& lib, const std::string& cellName, bool replace) {
+    return calling([&] {
+        const oa::oaScalarName name(oa::oaNativeNS(), cellName.c_str());
+        oa::oaCell* cell = oa::oaCell::find(&lib, name);
+        if (cell == nullptr)
+            return false;
+        if (!replace)
+            throw std::runtime_error("the cell " + cellName +
+                                     " exists already, --replace would replace it");
+        requireNobodyEdits(*cell, cellName);
+        return true;
+    });
+}
+
+oa::oaDesign* createDesign(oa::oaLib& lib, const std::string& cell, const std::string& view,
+                           oa::oaReservedViewTypeEnum type) {
+    return calling([&] {
+        oa::oaScalarName libName;
+        lib.getName(libName);
+        const oa::oaNativeNS names;
+        // Written from scratch: the pcell master with a macro asks for this mode.
+        return oa::oaDesign::open(libName, oa::oaScalarName(names, cell.c_str()),
+                                  oa::oaScalarName(names, view.c_str()), oa::oaViewType::get(type),
+                                  'w');
+    });
+}
+
+ArtworkReport buildCell(oa::oaLib& lib, const component::Component& component,
+                        const component::Layout& layout, const Watcher& watcher) {
+    ArtworkReport report;
+    {
+        const OpenDesign design(createDesign(lib, component.name, "layout", oa::oacMaskLayout));
+        report = drawLayout(*design, layout);
+        addComponentPorts(*design, component);
+        watcher(Step::layoutDrawn);
+        makeMaster(*design, component);
+        watcher(Step::masterMade);
+    }
+    if (component.symbol.kind != component::SymbolKind::none) {
+        const OpenDesign symbol(
+            createDesign(lib, component.name, "symbol", oa::oacSchematicSymbol));
+        drawSymbol(*symbol, component);
+    }
+    watcher(Step::symbolDrawn);
+    return report;
+}
+
+} // namespace
+
+ExportReport exportComponent(const component::Component& component, const component::Layout& layout,
+                             const LibraryOptions& library, bool replace, const Watcher& watcher) {
+    ExportReport report;
+    requireUsablePath(directoryOf(library));
+    {
+        TargetLibrary target(library);
+        report.newLibrary = target.isNew();
+        report.replaced = requireReplaceable(*target, component.name, replace);
+        watcher(Step::libraryReady);
+        prepareTechnology(*target, component, layout);
+        watcher(Step::technologyReady);
+        CellReplacement cell(target.path());
+        report.artwork = buildCell(cell.workshop(), component, layout, watcher);
+        cell.put(component.name, watcher);
+        completeDefinitions(target.path(), nameOf(library));
+        target.keep();
+    }
+    watcher(Step::newCellInPlace);
+    ovalis::existsVEXCompatibleLib(directoryOf(library), nameOf(library), &report.lacks);
+    return report;
+}
+
+} // namespace cli
