@@ -1,6 +1,15 @@
 #pragma once
 
 #include "oaBase.h"
+#include "oaCell.h"
+#include "oaCellView.h"
+#include "oaDMAttr.h"
+#include "oaDMContainer.h"
 #include "oaDMEnums.h"
 #include "oaDMException.h"
+#include "oaDMFile.h"
 #include "oaDMInit.h"
+#include "oaDMObject.h"
+#include "oaLib.h"
+#include "oaView.h"
+#include "oaViewType.h"

@@ -1,0 +1,56 @@
+#include "dm/src/dm_session.h"
+
+#include "dm/src/library.h"
+#include "oa/oaDMEnums.h"
+
+#include <algorithm>
+
+namespace OpenAccess_4::impl {
+
+DMSession& DMSession::instance() {
+    // Never destroyed: clients may hold its objects until the process ends.
+    static DMSession& session = *new DMSession;
+    return session;
+}
+
+DMSession::DMSession()
+    : viewTypes_(Session::instance().addTable<ViewTypeRecord>(kFirstDMSessionTable)) {
+    for (int type = oacMaskLayout; type <= oacCDLText; ++type) {
+        const oaReservedViewType reserved(static_cast<oaReservedViewTypeEnum>(type));
+        addViewType(static_cast<const oaChar*>(reserved.getName()));
+    }
+}
+
+oaViewType* DMSession::findViewType(const std::string& name) {
+    for (std::uint32_t slot = 0; slot < viewTypes_.slots(); ++slot)
+        if (viewTypes_[slot].name == name)
+            return static_cast<oaViewType*>(viewTypes_.handle(slot));
+    return nullptr;
+}
+
+oaViewType* DMSession::addViewType(const std::string& name) {
+    return static_cast<oaViewType*>(viewTypes_.handle(viewTypes_.add({name})));
+}
+
+oaViewType* DMSession::viewType(const std::string& name) {
+    oaViewType* found = findViewType(name);
+    return found ? found : addViewType(name);
+}
+
+Library* DMSession::findLibrary(const std::string& name) const {
+    const auto found = std::ranges::find_if(
+        libraries_, [&](const auto& library) { return library->name() == name; });
+    return found == libraries_.end() ? nullptr : found->get();
+}
+
+Library& DMSession::add(std::unique_ptr<Library> library) {
+    return *libraries_.emplace_back(std::move(library));
+}
+
+void DMSession::close(Library& library) {
+    for (const CloseHook& hook : closeHooks_)
+        hook(library.handle());
+    std::erase_if(libraries_, [&](const auto& open) { return open.get() == &library; });
+}
+
+} // namespace OpenAccess_4::impl

@@ -1,0 +1,115 @@
+#include "dm/src/library_marker.h"
+
+#include "dm/src/xml_element.h"
+#include "platform/atomic_file.h"
+#include "platform/process.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace OpenAccess_4::impl {
+
+namespace {
+
+constexpr const char* unixName = "Unix";
+constexpr const char* windowsName = "Windows";
+
+// What steers the library must be understood; the rest belongs to whoever put it there.
+std::string wrongValue(const std::string& name, const std::string& value) {
+    if (name == LibraryMarker::kReadOnly && value != "Yes" && value != "No")
+        return "attribute 'libReadOnly' is '" + value + "' instead of 'Yes' or 'No'";
+    if (name == LibraryMarker::kFileSystem && value != unixName && value != windowsName)
+        return "attribute 'origFileSystem' is '" + value + "' instead of 'Unix' or 'Windows'";
+    return {};
+}
+
+const XmlElement& systemElement(const XmlElement& library) {
+    if (library.name != "Library")
+        throw std::runtime_error("the file holds <" + library.name + "> instead of <Library>");
+    const std::string* system = library.attribute("DMSystem");
+    if (!system)
+        throw std::runtime_error("<Library> has no attribute 'DMSystem'");
+    if (*system != LibraryMarker::kSystemName)
+        throw std::runtime_error("the design-management system '" + *system + "' is not supported");
+    const XmlElement* element = library.child(*system);
+    if (!element)
+        throw std::runtime_error("<Library> has no element <" + *system + ">");
+    return *element;
+}
+
+} // namespace
+
+LibraryMarker::LibraryMarker()
+    : attributes_{{kReadOnly, "No"},
+                  {kFileSystem, std::string_view(platform::systemName()) == "windows" ? windowsName
+                                                                                      : unixName}} {
+}
+
+LibraryMarker LibraryMarker::read(const std::string& path) {
+    const std::string content = platform::readFile(path);
+    try {
+        LibraryMarker marker;
+        // A marker that does not say comes from where the format comes from.
+        marker.set(kFileSystem, unixName);
+        const XmlElement root = parseXml(content);
+        for (const auto& [name, value] : systemElement(root).attributes)
+            if (const std::string wrong = marker.set(name, value); !wrong.empty())
+                throw std::runtime_error(wrong);
+        return marker;
+    } catch (const std::runtime_error& error) {
+        throw DamagedFile("file '" + path + "' is damaged: " + error.what());
+    }
+}
+
+void LibraryMarker::write(const std::string& path) const {
+    const std::string content = text();
+    platform::removeStaleTemporaries(path);
+    platform::AtomicFile file(path);
+    file.write(content.data(), content.size());
+    file.commit();
+}
+
+std::string LibraryMarker::text() const {
+    const std::string start = std::string("    <") + kSystemName + " ";
+    std::string content = "<?xml version=\"1.0\"?>\n\n<Library DMSystem=\"";
+    content += std::string(kSystemName) + "\">\n" + start;
+    for (const auto& [name, value] : attributes_) {
+        if (&name != &attributes_.front().first)
+            content += "\n" + std::string(start.size(), ' ');
+        content += name + "=\"" + xmlEscaped(value) + "\"";
+    }
+    return content + "/>\n</Library>\n";
+}
+
+std::string LibraryMarker::set(const std::string& name, const std::string& value) {
+    if (!isXmlName(name))
+        return "'" + name + "' is not a legal name of an attribute";
+    if (std::string wrong = wrongValue(name, value); !wrong.empty())
+        return wrong;
+    const auto found = std::ranges::find(attributes_, name, &Attributes::value_type::first);
+    if (found == attributes_.end())
+        attributes_.emplace_back(name, value);
+    else
+        found->second = value;
+    return {};
+}
+
+void LibraryMarker::clearOthers() {
+    std::erase_if(attributes_, [](const Attributes::value_type& attribute) {
+        return attribute.first != kReadOnly && attribute.first != kFileSystem;
+    });
+}
+
+bool LibraryMarker::readOnly() const {
+    return value(kReadOnly) == "Yes";
+}
+
+FileSystem LibraryMarker::fileSystem() const {
+    return value(kFileSystem) == windowsName ? FileSystem::Windows : FileSystem::Unix;
+}
+
+const std::string& LibraryMarker::value(const char* name) const {
+    return std::ranges::find(attributes_, name, &Attributes::value_type::first)->second;
+}
+
+} // namespace OpenAccess_4::impl
