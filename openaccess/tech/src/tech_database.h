@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/src/database.h"
+#include "tech/src/name_index.h"
+#include "tech/src/records.h"
+
+#include <string>
+
+namespace OpenAccess_4::impl {
+
+/// The content of one open technology.
+class TechDatabase final : public Database {
+public:
+    /// An empty technology for the open technology `slot` of the session.
+    static std::unique_ptr<TechDatabase> makeEmpty(std::uint32_t slot);
+    /// @throws oaError  oacDatabaseFileNotRead, oacDatabaseFileDamaged
+    static std::unique_ptr<TechDatabase> read(std::uint32_t slot, const std::string& path);
+
+    explicit TechDatabase(std::uint32_t slot);
+
+    oaObject* object() const override;
+    void requireEditable() const override;
+
+    SettingsRecord& settings() { return settings_[0]; }
+    /// The settings, to be changed.
+    SettingsRecord& editSettings() {
+        edit();
+        return settings();
+    }
+
+    Table<LayerRecord>& layers;
+    Table<PurposeRecord>& purposes;
+    Table<PurposeRecord>& reservedPurposes;
+    Table<ValueRecord>& values;
+    NameIndex<LayerRecord> layerIndex;
+    NameIndex<PurposeRecord> purposeIndex;
+
+private:
+    bool isSound();
+
+    std::uint32_t slot_;
+    Table<SettingsRecord>& settings_;
+};
+
+/// The database of a technology, or of one of its objects.
+TechDatabase& techDatabaseOf(const oaObject* object);
+
+} // namespace OpenAccess_4::impl
