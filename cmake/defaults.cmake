@@ -33,3 +33,7 @@ if(OVALIS_SANITIZE)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(OVALIS_BUILD_FUZZ)
+    # Coverage of every target; the fuzzers alone get the loop that uses it.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
