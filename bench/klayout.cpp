@@ -1,0 +1,75 @@
+#include "klayout.h"
+
+#include "flat_layout.h"
+
+#include "platform/child_process.h"
+#include "platform/environment.h"
+#include "platform/file.h"
+
+#include <algorithm>
+#include <fstream>
+#include <stdexcept>
+
+namespace bench {
+
+namespace {
+
+std::string program() {
+    return platform::environmentVariable("OVALIS_BENCH_KLAYOUT").value_or("klayout");
+}
+
+} // namespace
+
+bool Klayout::isInstalled() {
+    try {
+        return platform::ChildProcess(program(), {"-v"}, {"/dev/null", "/dev/null"}).wait() == 0;
+    } catch (const platform::SystemFailure&) {
+        return false;
+    }
+}
+
+void Klayout::write() {
+    writeFlat(flatLayout(), directory_ / "klayout.flat");
+    run("write", kChildRepetitions);
+}
+
+void Klayout::read() {
+    run("read", kChildRepetitions);
+}
+
+void Klayout::memory() {
+    for (int i = 0; i < kChildRepetitions; ++i)
+        run("memory", 1);
+}
+
+double Klayout::next(const std::string& name) {
+    const std::vector<double>& figures = figures_.at(name);
+    return figures[std::min(taken_[name]++, figures.size() - 1)];
+}
+
+void Klayout::run(const std::string& work, int repetitions) {
+    const std::string results = directory_ / "klayout.results";
+    const std::string log = directory_ / "klayout.log";
+    const std::map<std::string, std::string> variables = {
+        {"work", work},
+        {"flat", directory_ / "klayout.flat"},
+        {"layout", directory_ / "klayout"},
+        {"results", results},
+        {"repetitions", std::to_string(repetitions)},
+    };
+    std::vector<std::string> arguments = {"-b", "-r", KLAYOUT_SCRIPT};
+    for (const auto& [name, value] : variables) {
+        arguments.push_back("-rd");
+        arguments.push_back(name + '=' + value);
+    }
+    if (platform::ChildProcess(program(), arguments, {log, log}).wait() != 0)
+        throw std::runtime_error("klayout failed:\n" + platform::readFile(log));
+
+    std::ifstream input(results);
+    std::string name;
+    double figure = 0;
+    while (input >> name >> figure)
+        figures_[name].push_back(figure);
+}
+
+} // namespace bench

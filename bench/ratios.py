@@ -1,0 +1,112 @@
+#!/usr/bin/env python3
+"""Prints one table of ratios, ours over the anchor, from the results of the benchmark programs.
+
+usage: ratios.py DIRECTORY        with files as `PROGRAM.json`, written by --benchmark_out
+"""
+
+import json
+import pathlib
+import statistics
+import sys
+
+# (program, what is measured, ours, anchors of which the fastest counts, their name, goal, stretch)
+GOALS = [
+    ("add_ports", "addPorts, 100,000 ports", "addPortsAndVisit/100000",
+     ["mapsAndVisit/100000"], "hash maps", 4.0, 2.5),
+    ("add_ports", "addPorts, 100,000 ports", "addPortsAndVisit/100000",
+     ["mapsAndRecordsAndVisit/100000"], "hash maps and records", 2.0, 1.3),
+    ("add_ports", "the same, not read back", "addPorts/100000",
+     ["maps/100000"], "hash maps", 4.0, 2.5),
+    ("add_ports", "the same, not read back", "addPorts/100000",
+     ["mapsAndRecords/100000"], "hash maps and records", 2.0, 1.3),
+    ("design_save", "save, new file", "saveNewFile",
+     ["klayout_write_oasis", "klayout_write_oasis_blocks"], "KLayout, OASIS", 0.12, 0.08),
+    ("design_save", "save, new file", "saveNewFile", ["flatNewFile"], "flat new file", 2.0, 1.2),
+    ("design_save", "save, old file replaced", "saveOverOldFile",
+     ["flatTemporaryAndRename"], "flat temporary + rename", 1.5, None),
+    ("design_save_on_disk", "save to disk, new file", "saveNewFile",
+     ["flatTemporaryAndRename"], "flat, flushed", None, None),
+    ("design_save_on_disk", "save to disk, replaced", "saveOverOldFile",
+     ["flatTemporaryAndRename"], "flat, flushed", 1.5, None),
+    ("design_open", "open and visit every box", "openAndVisit",
+     ["klayoutReadGds2"], "KLayout reads GDS2", 0.10, 0.05),
+    ("design_open", "open and visit every box", "openAndVisit",
+     ["flatReadAndBuild"], "flat read + build", 0.65, 0.3),
+    ("design_open", "open and visit every box", "openAndVisit",
+     ["flatReadInPlace"], "flat read, in place", 5.0, 2.0),
+    ("design_size", "file, bytes for a shape", "file",
+     ["klayout_size_gds2"], "GDS2", 0.35, None),
+    ("design_size", "file, bytes for a shape", "file",
+     ["klayout_size_oasis", "klayout_size_oasis_blocks"], "OASIS", None, 1.0),
+    ("design_size", "memory, bytes for a shape", "memory",
+     ["klayout_memory_gds2"], "KLayout", 1.6, 1.2),
+]
+
+# Growth: how the ratio at 100,000 ports stands to that at 25,000.
+GROWTH = ("add_ports", "growth from 25,000 ports", "addPortsAndVisit", "mapsAndVisit", 1.2)
+
+MILLISECONDS = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}
+
+
+def samples(directory):
+    """Figures of single repetitions by (program, benchmark)."""
+    found = {}
+    for file in sorted(directory.glob("*.json")):
+        for run in json.loads(file.read_text())["benchmarks"]:
+            if run["run_type"] != "iteration":
+                continue
+            name = "/".join(part for part in run["run_name"].split("/")
+                            if part != "manual_time" and not part.startswith(("iter", "rep")))
+            figure = run.get("bytesPerShape")
+            if figure is None:
+                figure = run["real_time"] * MILLISECONDS[run["time_unit"]]
+            found.setdefault((file.stem, name), []).append(figure)
+    return found
+
+
+def number(value, digits=2):
+    return "" if value is None else f"{value:.{digits}f}"
+
+
+def verdict(ratio, goal, stretch):
+    if stretch is not None and ratio <= stretch:
+        return "stretch"
+    if goal is None:
+        return ""
+    return "met" if ratio <= goal else "missed"
+
+
+def rows(medians):
+    for program, what, ours, anchors, name, goal, stretch in GOALS:
+        mine = medians.get((program, ours))
+        theirs = [medians[program, a] for a in anchors if (program, a) in medians]
+        if mine is None or not theirs:
+            yield what, name, number(mine), "-", "-", number(goal), number(stretch), "not measured"
+            continue
+        ratio = mine / min(theirs)
+        yield (what, name, number(mine), number(min(theirs)), number(ratio, 3), number(goal),
+               number(stretch), verdict(ratio, goal, stretch))
+    program, what, ours, anchor, goal = GROWTH
+    few, many = (medians.get((program, f"{ours}/{n}"), 0) / medians[program, f"{anchor}/{n}"]
+                 if (program, f"{anchor}/{n}") in medians else 0 for n in (25000, 100000))
+    if few and many:
+        yield (what, "hash maps", number(many), number(few), number(many / few, 3), number(goal),
+               "", verdict(many / few, goal, None))
+
+
+def main():
+    found = samples(pathlib.Path(sys.argv[1]))
+    medians = {key: statistics.median(figures) for key, figures in found.items()}
+    table = [("workload", "anchor", "ours", "anchor's", "ratio", "goal", "stretch", "")]
+    table += rows(medians)
+    widths = [max(len(row[i]) for row in table) for i in range(len(table[0]))]
+    for row in table:
+        cells = [row[i].ljust(widths[i]) if i < 2 else row[i].rjust(widths[i])
+                 for i in range(len(row) - 1)]
+        print("  ".join(cells + [row[-1]]).rstrip())
+    print(f"\nMedians of {min(map(len, found.values()), default=0)} repetitions or more; "
+          "milliseconds, or bytes for a shape.")
+
+
+if __name__ == "__main__":
+    main()
