@@ -1,0 +1,172 @@
+#include "trial.h"
+
+#include "visit.h"
+
+#include "design/src/design_database.h"
+#include "platform/file.h"
+#include "storage/src/database_file.h"
+#include "storage/src/format.h"
+#include "tech/src/tech_database.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+namespace fuzz {
+
+namespace impl = oa::impl;
+using impl::DatabaseFileKind;
+
+namespace {
+
+oa::oaScalarName nameOf(const char* text) {
+    return oa::oaScalarName(oa::oaNativeNS(), text);
+}
+
+oa::oaDesign* openDesign(char mode) {
+    return oa::oaDesign::open(nameOf("lib"), nameOf("cell"), nameOf("layout"),
+                              oa::oaViewType::get(oa::oacMaskLayout), mode);
+}
+
+[[noreturn]] void fail(const std::string& what) {
+    std::cerr << "fuzz: " << what << std::endl;
+    std::abort();
+}
+
+void requireSame(std::uint64_t before, std::uint64_t after) {
+    if (before != after)
+        fail("a database is another one after it was saved");
+}
+
+void writeFile(const std::string& path, std::span<const std::byte> bytes) {
+    platform::File file(path, platform::OpenMode::write);
+    file.write(bytes.data(), bytes.size());
+    file.close();
+}
+
+/// What the header says; a kind that nobody reads for anything without one.
+DatabaseFileKind kindOf(std::span<const std::byte> bytes) {
+    impl::FileHeader header;
+    if (bytes.size() >= sizeof(header))
+        std::memcpy(&header, bytes.data(), sizeof(header));
+    return DatabaseFileKind(header.kind);
+}
+
+/// Whether the reader takes the bytes. Cheap, as no file is made for what it refuses.
+template <class Content>
+bool isReadable(std::span<const std::byte> bytes, DatabaseFileKind kind) {
+    Content content(0);
+    try {
+        impl::readDatabaseBytes("fuzzed", bytes, kind, content);
+        return true;
+    } catch (const oa::oaException&) {
+        return false;
+    }
+}
+
+/// Calls `open`, which refuses unsound files.
+template <class Open>
+auto openedOrNull(Open open) -> decltype(open()) {
+    try {
+        return open();
+    } catch (const oa::oaException&) {
+        return nullptr;
+    }
+}
+
+} // namespace
+
+Trial::Trial(const std::string& directory) : directory_(directory) {
+    oa::oaDesignInit();
+    makeDefinitions();
+    lib_ = oa::oaLib::create(nameOf("lib"), directory_.c_str());
+    lib_->getAccess(oa::oacWriteLibAccess);
+    oa::oaDesign* design = openDesign('w');
+    design->save();
+    design->purge();
+    oa::oaTech* tech = oa::oaTech::create(lib_);
+    tech->save();
+    tech->purge();
+}
+
+Trial::~Trial() {
+    lib_->close();
+}
+
+bool Trial::run(std::span<const std::byte> bytes) {
+    try {
+        const DatabaseFileKind kind = kindOf(bytes);
+        if (kind == DatabaseFileKind::Technology)
+            return isReadable<impl::TechDatabase>(bytes, kind) && runTech(bytes);
+        return isReadable<impl::DesignDatabase>(bytes, DatabaseFileKind::Design) &&
+               runDesign(bytes);
+    } catch (const oa::oaException& failure) {
+        fail(std::string("a database that was accepted fails: ") +
+             static_cast<const oa::oaChar*>(failure.getMsg()));
+    }
+}
+
+bool Trial::runDesign(std::span<const std::byte> bytes) {
+    writeFile(designPath(), bytes);
+    oa::oaDesign* design = openedOrNull([] { return openDesign('a'); });
+    if (!design)
+        return false;
+    const std::uint64_t digest = visitDesign(design);
+    design->save();
+    design->purge();
+
+    design = openDesign('a');
+    requireSame(digest, visitDesign(design));
+    if (oa::oaBlock* block = design->getTopBlock())
+        destroyHalf(block);
+    const std::uint64_t rest = visitDesign(design);
+    design->save();
+    design->purge();
+
+    design = openDesign('r');
+    requireSame(rest, visitDesign(design));
+    design->purge();
+    return true;
+}
+
+bool Trial::runTech(std::span<const std::byte> bytes) {
+    writeFile(techPath(), bytes);
+    oa::oaTech* tech = openedOrNull([this] { return oa::oaTech::open(lib_, 'a'); });
+    if (!tech)
+        return false;
+    const std::uint64_t digest = visitTech(tech);
+    tech->save();
+    tech->purge();
+
+    tech = oa::oaTech::open(lib_, 'r');
+    requireSame(digest, visitTech(tech));
+    tech->purge();
+    return true;
+}
+
+std::string Trial::designFile(const std::function<void(oa::oaDesign*)>& change) {
+    oa::oaDesign* design = openDesign('w');
+    change(design);
+    design->save();
+    design->purge();
+    return platform::readFile(designPath());
+}
+
+std::string Trial::techFile(const std::function<void(oa::oaTech*)>& change) {
+    oa::oaTech::destroy(lib_);
+    oa::oaTech* tech = oa::oaTech::create(lib_);
+    change(tech);
+    tech->save();
+    tech->purge();
+    return platform::readFile(techPath());
+}
+
+std::string Trial::designPath() const {
+    return directory_ + "/cell/layout/layout.oa";
+}
+
+std::string Trial::techPath() const {
+    return directory_ + "/tech.db";
+}
+
+} // namespace fuzz

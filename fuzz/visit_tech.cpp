@@ -1,0 +1,112 @@
+#include "digest.h"
+#include "visit.h"
+
+#include <array>
+
+namespace fuzz {
+
+namespace {
+
+constexpr std::array kViewTypes = {oa::oacMaskLayout, oa::oacSchematic, oa::oacSchematicSymbol,
+                                   oa::oacNetlist, oa::oacHierDesign};
+
+void visitPhysical(const oa::oaPhysicalLayer* layer, Digest& digest) {
+    digest.add(layer->getMaterial());
+    digest.add(layer->getMaskNumber());
+    digest.add(layer->getPrefRoutingDir());
+    digest.add(layer->getManufacturingGrid());
+}
+
+void visitDerived(const oa::oaDerivedLayer* layer, Digest& digest) {
+    digest.add(layer->getLayer1Num());
+    digest.add(layer->getLayer2Num());
+    digest.add(layer->getLayer1() != nullptr);
+    digest.add(layer->getLayer2() != nullptr);
+    digest.add(layer->getOperation());
+    digest.add(layer->getDef() != nullptr);
+}
+
+void visitSized(const oa::oaSizedLayer* layer, Digest& digest) {
+    digest.add(layer->getLayer() != nullptr);
+    digest.add(layer->getOperation());
+    digest.add(layer->getValue());
+}
+
+void visitLayer(const oa::oaTech* tech, const oa::oaLayer* layer, Digest& digest) {
+    visitObject(layer, digest);
+    oa::oaString name;
+    layer->getName(name);
+    digest.add(name);
+    digest.add(layer->getNumber());
+    digest.add(oa::oaLayer::find(tech, name) != nullptr);
+    digest.add(oa::oaLayer::find(tech, layer->getNumber()) == layer);
+    switch (layer->getType()) {
+    case oa::oacPhysicalLayerType:
+        return visitPhysical(static_cast<const oa::oaPhysicalLayer*>(layer), digest);
+    case oa::oacDerivedLayerType:
+        return visitDerived(static_cast<const oa::oaDerivedLayer*>(layer), digest);
+    default:
+        return visitSized(static_cast<const oa::oaSizedLayer*>(layer), digest);
+    }
+}
+
+void visitPurpose(const oa::oaTech* tech, const oa::oaPurpose* purpose, Digest& digest) {
+    visitObject(purpose, digest);
+    oa::oaString name;
+    purpose->getName(name);
+    digest.add(name);
+    digest.add(purpose->getNumber());
+    digest.add(purpose->getPurposeType());
+    digest.add(oa::oaPurpose::find(tech, name) != nullptr);
+}
+
+void visitUnits(const oa::oaTech* tech, Digest& digest) {
+    for (const oa::oaReservedViewTypeEnum type : kViewTypes) {
+        const oa::oaViewType* viewType = oa::oaViewType::get(type);
+        digest.add(tech->isDBUPerUUSet(viewType));
+        digest.add(tech->getDBUPerUU(viewType));
+        digest.add(tech->getUserUnits(viewType));
+        digest.add(tech->uuToDBU(viewType, 1.5));
+        digest.add(tech->dbuToUU(viewType, 1500));
+    }
+    digest.add(tech->getDefaultManufacturingGrid());
+}
+
+void visitValue(const oa::oaValue* value, Digest& digest) {
+    visitObject(value, digest);
+    oa::oaString text;
+    switch (value->getType()) {
+    case oa::oacIntValueType:
+        return digest.add(static_cast<const oa::oaIntValue*>(value)->get());
+    case oa::oacFltValueType:
+        return digest.add(static_cast<const oa::oaFltValue*>(value)->get());
+    case oa::oacBooleanValueType:
+        return digest.add(static_cast<const oa::oaBooleanValue*>(value)->get());
+    default:
+        static_cast<const oa::oaStringValue*>(value)->get(text);
+        return digest.add(text);
+    }
+}
+
+} // namespace
+
+std::uint64_t visitTech(const oa::oaTech* tech) {
+    Digest digest;
+    visitObject(tech, digest);
+    visitUnits(tech, digest);
+    oa::oaString family;
+    tech->getProcessFamily(family);
+    digest.add(family);
+    oa::oaIter<oa::oaLayer> layers(tech->getLayers());
+    while (const oa::oaLayer* layer = layers.getNext())
+        visitLayer(tech, layer, digest);
+    oa::oaIter<oa::oaPurpose> purposes(tech->getPurposes());
+    while (const oa::oaPurpose* purpose = purposes.getNext())
+        visitPurpose(tech, purpose, digest);
+    oa::oaIter<oa::oaValue> values(tech->getValues());
+    while (const oa::oaValue* value = values.getNext())
+        visitValue(value, digest);
+    return digest.value();
+}
+
+} // namespace fuzz
