@@ -38,8 +38,7 @@ struct WrongUsage {
 TEST(Command, WrongUsageIsOneLineAndStatus2) {
     const WrongUsage wrong[] = {
         {{}, "ovalis: A subcommand is required (see ovalis --help)\n"},
-        {{"exprot"},
-         "ovalis: The following argument was not expected: exprot (see ovalis --help)\n"},
+        {{"exprot"}, "ovalis: no command \"exprot\" (see ovalis --help)\n"},
         {{"export"}, "ovalis: COMPONENT is required (see ovalis --help)\n"},
         {{"export", "c.json"}, "ovalis: --lib is required (see ovalis --help)\n"},
         {{"draw", "lib", "cell"}, "ovalis: VIEW is required (see ovalis --help)\n"},

@@ -106,8 +106,12 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     app.allow_windows_style_options(false);
     app.set_version_flag("--version", "ovalis " OVALIS_VERSION);
     app.require_subcommand(1);
-    app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return "ovalis: " + oneLine(error.what()) + " (see ovalis --help)\n";
+    app.failure_message([](const CLI::App* parsed, const CLI::Error& error) {
+        const std::vector<std::string> unknown = parsed->remaining();
+        const bool noCommand = parsed->get_subcommands().empty() && !unknown.empty();
+        return "ovalis: " +
+               (noCommand ? "no command \"" + unknown.front() + "\"" : oneLine(error.what())) +
+               " (see ovalis --help)\n";
     });
     addExport(app, options, console, status);
     addCheck(app, options, console, status);
