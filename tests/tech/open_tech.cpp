@@ -1,23 +1,27 @@
-// open_tech <library> <mode> <then>: opens or creates the technology of a library, says how that
-// went, and closes everything or dies with it open.
+// open_tech <library> <mode> [<ready>]: opens or creates the technology of a library, says how that
+// went, and closes everything. With a file to make as a sign that it is ready, it waits with the
+// technology open until it is killed.
 
 #include <oa/oaTechDB.h>
 
-#include <cstdlib>
+#include "platform/file.h"
+#include "platform/text.h"
+
+#include <chrono>
 #include <iostream>
 #include <string>
+#include <thread>
 
 using namespace oa;
 
 namespace {
 
-std::string openTech(const char* path, const std::string& mode) {
-    oaLib* lib = oaLib::open(oaScalarName(oaNativeNS(), "elsewhere"), path);
+std::string openTech(oaLib* lib, const std::string& mode) {
     try {
         if (mode == "create")
             oaTech::create(lib);
         else
-            oaTech::open(lib, mode[0]);
+            oaTech::open(lib, mode.at(0));
         return "open";
     } catch (const oaDMError& error) {
         return error.getMsgId() == oacCannotLockDatabase ? "locked" : std::string(error.getMsg());
@@ -26,17 +30,21 @@ std::string openTech(const char* path, const std::string& mode) {
 
 } // namespace
 
-int main(int count, char** arguments) {
-    if (count != 4)
+int main(int count, char** values) {
+    const std::vector<std::string> arguments = platform::utf8Arguments(count, values);
+    if (arguments.size() < 3)
         return 2;
     try {
-        std::cout << openTech(arguments[1], arguments[2]) << std::flush;
+        oaLib* lib = oaLib::open(oaScalarName(oaNativeNS(), "elsewhere"), arguments[1].c_str());
+        std::cout << openTech(lib, arguments[2]) << std::flush;
+        if (arguments.size() > 3) {
+            platform::File(arguments[3], platform::OpenMode::write).close();
+            std::this_thread::sleep_for(std::chrono::seconds(120));
+        }
+        lib->close();
+        return 0;
     } catch (const oaException& error) {
         std::cout << error.getMsg() << std::flush;
         return 1;
     }
-    if (std::string(arguments[3]) == "die")
-        std::_Exit(0);
-    oaLib::find(oaScalarName(oaNativeNS(), "elsewhere"))->close();
-    return 0;
 }

@@ -3,7 +3,11 @@
 #include "support/places.h"
 #include "support/run_program.h"
 
+#include "platform/child_process.h"
+
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 using namespace oa;
 using namespace ovalis::test;
@@ -11,9 +15,20 @@ using namespace ovalis::test;
 namespace {
 
 /// What another process says when it opens the technology of a library.
-std::string openElsewhere(const NewLibrary& library, const std::string& mode,
-                          const std::string& then = "close") {
-    return runProgram(builtProgram("open_tech"), {library.path(), mode, then}).output;
+std::string openElsewhere(const NewLibrary& library, const std::string& mode) {
+    return runProgram(builtProgram("open_tech"), {library.path(), mode}).output;
+}
+
+/// Opens the technology of a library in another process and kills that.
+void openAndDieElsewhere(const NewLibrary& library, const std::string& mode) {
+    const TemporaryDirectory directory;
+    const std::string ready = directory.str() + "/ready";
+    platform::ChildProcess child(utf8(builtProgram("open_tech")), {library.path(), mode, ready},
+                                 {directory.str() + "/output", ""});
+    for (int i = 0; i < 2000 && !std::filesystem::exists(ready); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    child.kill();
+    child.wait();
 }
 
 std::string lockFile(const NewLibrary& library) {
@@ -67,7 +82,7 @@ TEST(TechLock, OfADeadProcessIsTakenOver) {
     NewTech tech;
     tech->save();
     tech->close();
-    EXPECT_EQ(openElsewhere(tech, "a", "die"), "open");
+    openAndDieElsewhere(tech, "a");
     EXPECT_TRUE(std::filesystem::exists(lockFile(tech)));
     EXPECT_EQ(oaTech::open(tech.lib(), 'a')->getMode(), 'a');
 }
