@@ -56,7 +56,7 @@ public:
     oaObject* handle(const ObjectRef& ref) const;
 
     /// Drops what is attached to an object that is about to be destroyed.
-    void forgetAttachments(const ObjectRef& ref);
+    virtual void forgetAttachments(const ObjectRef& ref);
 
     bool isModified() const { return modified_; }
     void setModified(bool modified) { modified_ = modified; }

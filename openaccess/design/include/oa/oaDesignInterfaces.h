@@ -1,3 +1,4 @@
 #pragma once
 
+#include "oa/IEvalText.h"
 #include "oa/IPcell.h"

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "oa/oaDesignEnums.h"
+#include "oa/oaDesignObject.h"
+
+namespace OpenAccess_4 {
+
+class oaLib;
+class oaNameSpace;
+class oaScalarName;
+class oaTech;
+class oaViewType;
+
+/// The design database of a cell view: opened, changed and saved as a whole.
+///
+/// - Mode 'r' shows what is stored, 'a' edits it or makes it, 'w' starts empty; what is on disk
+///   changes with save() only. A mode stays what it is after a save.
+/// - A design that is open already is answered again and counted. 'r' does not lower its mode; 'a'
+///   and 'w' on one that is open for reading make it editable, and 'w' also empties it.
+/// - A design open for editing is locked against other processes until it is purged.
+class OA_API oaDesign : public oaDesignObject {
+public:
+    /// Opens a design; 'a' and 'w' make what is missing of cell, view and cell view. Null when the
+    /// mode is 'r' and there is no such design.
+    /// @throws oaDMError      oacCannotFindLibrary: the library is not open; oacCannotLockDatabase:
+    ///                        another process edits the design
+    /// @throws oaDesignError  oacOpenUndefinedModeDesign, oacInvalidDesignViewType,
+    ///                        oacMismatchViewTypeForOpen, oacDesignCannotGetReadAccess,
+    ///                        oacDesignCannotGetWriteAccess, oacDesignHasReadNeedWriteAccess
+    /// @throws oaError        oacDatabaseFileDamaged, oacDatabaseFileNotRead
+    static oaDesign* open(const oaScalarName& libName, const oaScalarName& cellName,
+                          const oaScalarName& viewName, const oaViewType* viewType, oaChar mode);
+    /// The same for a view of any type. A design that is made gets the type of an existing view of
+    /// that name; else that of the names layout, schematic and symbol; else maskLayout.
+    static oaDesign* open(const oaScalarName& libName, const oaScalarName& cellName,
+                          const oaScalarName& viewName, oaChar mode);
+
+    /// The open design of these names, or null. It is not counted.
+    static oaDesign* find(const oaScalarName& libName, const oaScalarName& cellName,
+                          const oaScalarName& viewName);
+    /// True when the design is open or its file has a content.
+    static oaBoolean exists(const oaScalarName& libName, const oaScalarName& cellName,
+                            const oaScalarName& viewName);
+    /// Removes the file of a design that is not open.
+    /// @throws oaDesignError  oacCannotFindDesign, oacCannotDestroyOpenDesign
+    static void destroy(const oaScalarName& libName, const oaScalarName& cellName,
+                        const oaScalarName& viewName);
+    static oaCollection<oaDesign, oaDesign> getOpenDesigns();
+
+    /// Writes the design to its file. After a failure the old file is whole, and the design is open
+    /// and modified as before.
+    /// @throws oaDesignError  oacSaveReadOnlyDesign
+    /// @throws oaError        oacDatabaseFileNotWritten
+    void save();
+    /// Writes the content to the file of another cell view, which is made when it is missing. The
+    /// design stays open under its own names.
+    void saveAs(const oaScalarName& libName, const oaScalarName& cellName,
+                const oaScalarName& viewName);
+
+    /// Undoes one open(); the last one purges the design.
+    void close();
+    /// Drops the design from memory, with all changes since the last save. One that was never saved
+    /// leaves no cell view behind, and no cell.
+    void purge();
+    /// Changes the mode; 'w' empties the design. Going to 'r' drops changes since the last save.
+    /// @throws oaDesignError  as open(); then the design is as before
+    void reopen(oaChar mode);
+    /// Drops all changes since the last save.
+    void revert();
+
+    oaChar getMode() const;
+    /// Calls of open() less calls of close(), and the other open designs with an instance that is
+    /// bound to this one.
+    oaUInt4 getRefCount() const;
+    oaBoolean isModified() const;
+
+    oaLib* getLib() const;
+    void getLibName(oaScalarName& libName) const;
+    void getLibName(const oaNameSpace& ns, oaString& libName) const;
+    void getCellName(oaScalarName& cellName) const;
+    void getCellName(const oaNameSpace& ns, oaString& cellName) const;
+    void getViewName(oaScalarName& viewName) const;
+    void getViewName(const oaNameSpace& ns, oaString& viewName) const;
+    oaViewType* getViewType() const;
+    oaCellType getCellType() const;
+    void setCellType(oaCellType cellType);
+    /// The technology of the library, which is opened for reading when it is not open; null when
+    /// there is none.
+    oaTech* getTech() const;
+    /// Null until oaBlock::create() made it.
+    oaBlock* getTopBlock() const;
+
+    oaTime getCreateTime() const;
+    /// When the design was opened.
+    oaTime getReadInTime() const;
+    /// 0 for a design that was never saved.
+    oaTime getLastSavedTime() const;
+
+    OA_HANDLE(oaDesign);
+};
+
+} // namespace OpenAccess_4

@@ -1,0 +1,142 @@
+#include "design/src/design_database.h"
+
+#include "design/src/open_designs.h"
+#include "oa/oaBaseMsgIds.h"
+#include "oa/oaBlock.h"
+#include "oa/oaDesignException.h"
+#include "storage/src/database_file.h"
+
+#include <ctime>
+
+namespace OpenAccess_4::impl {
+
+DesignDatabase::DesignDatabase(std::uint32_t slot)
+    : slot_(slot), info_(addTable<DesignInfoRecord>(kDesignInfoTable)),
+      blocks(addTable<BlockRecord>(kBlockTable)), shapes(*this), connectivity(*this),
+      instances(*this) {}
+
+std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(std::uint32_t slot) {
+    auto database = std::make_unique<DesignDatabase>(slot);
+    database->info_.add({std::int64_t(std::time(nullptr))});
+    return database;
+}
+
+std::unique_ptr<DesignDatabase> DesignDatabase::read(std::uint32_t slot, const std::string& path) {
+    auto database = std::make_unique<DesignDatabase>(slot);
+    readDatabaseFile(path, DatabaseFileKind::Design, *database);
+    if (!database->isSound())
+        throw oaError(oacDatabaseFileDamaged, path.c_str(),
+                      "has objects without a block, or two of one name or place");
+    return database;
+}
+
+bool DesignDatabase::isSound() {
+    if (info_.slots() != 1 || blocks.slots() > 1)
+        return false;
+    if (!hasBlock()) {
+        for (std::uint32_t number = kBlockTable; number < tableCount(); ++number)
+            if (table(number) && table(number)->slots() > 0)
+                return false;
+        return true;
+    }
+    return shapes.isSound() && connectivity.isSound() && instances.isSound();
+}
+
+oaObject* DesignDatabase::object() const {
+    return openDesigns().handle(slot_);
+}
+
+oaDesign* DesignDatabase::design() const {
+    return static_cast<oaDesign*>(object());
+}
+
+const DesignNames& DesignDatabase::names() const {
+    return openDesigns()[slot_].names;
+}
+
+void DesignDatabase::requireEditable() const {
+    if (openDesigns()[slot_].mode == 'r')
+        throw oaDesignError(oacCannotModifyReadModeDesign, names().lib.c_str(),
+                            names().cell.c_str(), names().view.c_str());
+}
+
+TableBase* DesignDatabase::makeVariableTable(const TableId& id) {
+    return shapes.make(id);
+}
+
+void DesignDatabase::forgetAttachments(const ObjectRef& ref) {
+    Database::forgetAttachments(ref);
+    for (const ObjectRef& display : displaysOf(ref))
+        destroyFig(display);
+}
+
+oaBlock* DesignDatabase::block() {
+    for (std::uint32_t slot = blocks.slots(); slot-- > 0;)
+        if (blocks.isLive(slot))
+            return static_cast<oaBlock*>(blocks.handle(slot));
+    return nullptr;
+}
+
+void DesignDatabase::destroyBlock() {
+    for (const TableBase* table : shapes.all())
+        for (std::uint32_t slot = 0; slot < table->slots(); ++slot)
+            if (table->isLive(slot))
+                destroyFig({table->id().number, slot});
+    instances.insts.forEach([&](std::uint32_t slot, const InstRecord&) {
+        destroyFig({kInstTable, slot});
+    });
+    connectivity.nets.forEach([&](std::uint32_t slot, const NetRecord&) {
+        connectivity.destroyNet(slot);
+    });
+    const std::uint32_t slot = slotOf(block());
+    forgetAttachments({kBlockTable, slot});
+    blocks.destroy(slot);
+}
+
+void DesignDatabase::destroyFig(const ObjectRef& fig) {
+    connectivity.netFigs.remove(fig);
+    connectivity.pinFigs.remove(fig);
+    if (fig.table == kInstTable) {
+        instances.destroy(fig.slot);
+        return;
+    }
+    forgetAttachments(fig);
+    TableBase& table = *this->table(fig.table);
+    shapes.forget(fig);
+    shapes.shrink(table, fig.slot);
+    withShapeRecord(table.id().kind, [&]<class Record>() {
+        static_cast<Table<Record>&>(table).destroy(fig.slot);
+    });
+}
+
+std::vector<ObjectRef> DesignDatabase::displaysOf(const ObjectRef& object) {
+    std::vector<ObjectRef> displays;
+    const auto collect = [&]<class Record>(TableBase& table) {
+        static_cast<Table<Record>&>(table).forEach([&](std::uint32_t slot, const Record& display) {
+            if (display.shown() == object)
+                displays.push_back({table.id().number, slot});
+        });
+    };
+    for (TableBase* table : shapes.displayTables()) {
+        if (table->id().kind == kPropDisplayKind)
+            collect.operator()<PropDisplayRecord>(*table);
+        else
+            collect.operator()<AttrDisplayRecord>(*table);
+    }
+    return displays;
+}
+
+oaBox DesignDatabase::extent() {
+    oaBox box = shapes.extent();
+    if (measuring_)
+        return box;
+    struct Guard {
+        bool& flag;
+        explicit Guard(bool& measuring) : flag(measuring) { flag = true; }
+        ~Guard() { flag = false; }
+    } guard(measuring_);
+    enlarge(box, instances.extent());
+    return box;
+}
+
+} // namespace OpenAccess_4::impl

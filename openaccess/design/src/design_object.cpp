@@ -1,0 +1,82 @@
+#include "design/src/design_database.h"
+#include "oa/oaBlock.h"
+#include "oa/oaDesign.h"
+#include "oa/oaDesignObject.h"
+
+namespace OpenAccess_4 {
+
+using namespace impl;
+
+namespace {
+
+bool isBetween(oaTypeEnum type, oaTypeEnum first, oaTypeEnum last) {
+    return type >= first && type <= last;
+}
+
+} // namespace
+
+oaDesign* oaDesignObject::getDesign() const {
+    return designDatabaseOf(this).design();
+}
+
+oaBoolean oaDesignObject::isBlockObject() const {
+    return getType() != oacDesignType;
+}
+
+oaBlock* oaBlockObject::getBlock() const {
+    return designDatabaseOf(this).block();
+}
+
+oaBoolean oaBlockObject::isBitInst() const {
+    return isBetween(getType(), oacArrayInstType, oacScalarInstType);
+}
+
+oaBoolean oaBlockObject::isBitNet() const {
+    return getType() == oacScalarNetType;
+}
+
+oaBoolean oaBlockObject::isBitTerm() const {
+    return getType() == oacScalarTermType;
+}
+
+oaBoolean oaBlockObject::isConnFig() const {
+    return isPinFig();
+}
+
+oaBoolean oaBlockObject::isFig() const {
+    return isPinFig();
+}
+
+oaBoolean oaBlockObject::isInst() const {
+    return isBetween(getType(), oacArrayInstType, oacVectorInstBitType);
+}
+
+oaBoolean oaBlockObject::isNet() const {
+    return isBetween(getType(), oacBundleNetType, oacScalarNetType);
+}
+
+oaBoolean oaBlockObject::isPinFig() const {
+    return isShape() || isRef();
+}
+
+oaBoolean oaBlockObject::isRef() const {
+    return isInst() || isVia();
+}
+
+oaBoolean oaBlockObject::isShape() const {
+    return isBetween(getType(), oacArcType, oacAttrDisplayType);
+}
+
+oaBoolean oaBlockObject::isTerm() const {
+    return isBetween(getType(), oacBundleTermType, oacScalarTermType);
+}
+
+oaBoolean oaBlockObject::isTextDisplay() const {
+    return isBetween(getType(), oacPropDisplayType, oacAttrDisplayType);
+}
+
+oaBoolean oaBlockObject::isVia() const {
+    return isBetween(getType(), oacStdViaType, oacCustomViaType);
+}
+
+} // namespace OpenAccess_4

@@ -1,0 +1,257 @@
+#pragma once
+
+#include "base/src/refs.h"
+#include "base/src/table.h"
+#include "design/src/table_numbers.h"
+#include "oa/oaBlock.h"
+#include "oa/oaInst.h"
+#include "oa/oaLPPHeader.h"
+#include "oa/oaNet.h"
+#include "oa/oaOrient.h"
+#include "oa/oaPin.h"
+#include "oa/oaTerm.h"
+#include "oa/oaType.h"
+
+#include <cstdint>
+
+namespace OpenAccess_4::impl {
+
+/// What a design says of itself: one record.
+struct DesignInfoRecord {
+    std::int64_t createTime = 0;
+    std::uint32_t cellType = oacNoCellType;
+    std::uint32_t reserved = 0;
+
+    using Handle = oaObject;
+    static constexpr oaTypeEnum kType = oacUnknownType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.enumerator(self.cellType, oacCoreWellTapCellType + 1);
+        visitor.require(self.reserved == 0);
+    }
+};
+
+/// The top block: at most one record.
+struct BlockRecord {
+    std::uint32_t visibleToModule = 1;
+
+    using Handle = oaBlock;
+    static constexpr oaTypeEnum kType = oacBlockType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.enumerator(self.visibleToModule, 2);
+    }
+};
+
+struct LayerHeaderRecord {
+    std::uint32_t layer = 0;
+
+    using Handle = oaLayerHeader;
+    static constexpr oaTypeEnum kType = oacLayerHeaderType;
+
+    template <class Self, class Visitor>
+    static void describe(Self&, Visitor&) {}
+};
+
+struct LPPHeaderRecord {
+    std::uint32_t layerHeader = 0;
+    std::uint32_t purpose = 0;
+
+    using Handle = oaLPPHeader;
+    static constexpr oaTypeEnum kType = oacLPPHeaderType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.slot(kLayerHeaderTable, self.layerHeader);
+    }
+};
+
+struct NetRecord {
+    StringId name = 0;
+    std::uint8_t sigType = oacSignalSigType;
+    std::uint8_t isGlobal = 0;
+    std::uint8_t visibility = oacInheritFromTopBlock;
+    std::uint8_t reserved = 0;
+
+    using Handle = oaScalarNet;
+    static constexpr oaTypeEnum kType = oacScalarNetType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.name);
+        visitor.enumerator(self.sigType, oacResetSigType + 1);
+        visitor.enumerator(self.isGlobal, 2);
+        visitor.enumerator(self.visibility, oacExcludeFromModuleDomain + 1);
+        visitor.require(self.reserved == 0);
+    }
+};
+
+struct TermRecord {
+    StringId name = 0;
+    std::uint32_t net = 0;
+    std::uint32_t position = kNone;
+    std::uint8_t termType = oacInputOutputTermType;
+    std::uint8_t isInterface = 0;
+    std::uint8_t visibility = oacInheritFromTopBlock;
+    std::uint8_t reserved = 0;
+
+    using Handle = oaScalarTerm;
+    static constexpr oaTypeEnum kType = oacScalarTermType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.name);
+        visitor.slot(kNetTable, self.net);
+        visitor.enumerator(self.termType, oacTristateTermType + 1);
+        visitor.enumerator(self.isInterface, 2);
+        visitor.enumerator(self.visibility, oacExcludeFromModuleDomain + 1);
+        visitor.require(self.reserved == 0);
+    }
+};
+
+struct PinRecord {
+    StringId name = 0;
+    std::uint32_t term = 0;
+    std::uint32_t accessDir = oacNone;
+    std::uint8_t status = oacNonePlacementStatus;
+    std::uint8_t pinType = oacNonePinType;
+    std::uint16_t reserved = 0;
+
+    using Handle = oaPin;
+    static constexpr oaTypeEnum kType = oacPinType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.name);
+        visitor.slot(kTermTable, self.term);
+        visitor.enumerator(self.status, oacLockedPlacementStatus + 1);
+        visitor.enumerator(self.pinType, oacBumpPinType + 1);
+        visitor.require(self.reserved == 0);
+    }
+};
+
+/// The names of a master, shared by all its instances.
+struct MasterRecord {
+    StringId lib = 0;
+    StringId cell = 0;
+    StringId view = 0;
+
+    using Handle = oaObject;
+    static constexpr oaTypeEnum kType = oacUnknownType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.lib);
+        visitor.string(self.cell);
+        visitor.string(self.view);
+    }
+};
+
+struct InstRecord {
+    StringId name = 0;
+    std::uint32_t master = 0;
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t dX = 0; // the last four are zero for scalar instances
+    std::int32_t dY = 0;
+    std::uint32_t rows = 0;
+    std::uint32_t cols = 0;
+    std::uint8_t orient = oacR0;
+    std::uint8_t isArray = 0;
+    std::uint8_t status = oacNonePlacementStatus;
+    std::uint8_t visibility = oacInheritFromTopBlock;
+
+    oaTypeEnum type() const { return isArray ? oacArrayInstType : oacScalarInstType; }
+    oaObject* construct(void* where) const;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.name);
+        visitor.slot(kMasterTable, self.master);
+        visitor.enumerator(self.orient, oacMXR90 + 1);
+        visitor.enumerator(self.isArray, 2);
+        visitor.enumerator(self.status, oacLockedPlacementStatus + 1);
+        visitor.enumerator(self.visibility, oacExcludeFromModuleDomain + 1);
+        visitor.require(bool(self.isArray) == (self.rows > 0 && self.cols > 0));
+    }
+};
+
+/// A parameter that an instance was given.
+struct InstParamRecord {
+    std::uint32_t inst = 0;
+    StringId name = 0;
+    std::uint32_t type = oacIntParamType;
+    StringId text = 0;    // the value of texts and bytes
+    StringId appType = 0; // of bytes
+    std::uint32_t reserved = 0;
+    std::uint64_t bits = 0; // the other values
+
+    using Handle = oaObject;
+    static constexpr oaTypeEnum kType = oacUnknownType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.slot(kInstTable, self.inst);
+        visitor.string(self.name);
+        visitor.enumerator(self.type, oacTimeParamType + 1);
+        visitor.string(self.text);
+        visitor.string(self.appType);
+        visitor.require(self.reserved == 0);
+    }
+};
+
+/// A figure on a net.
+struct FigNetRecord {
+    ObjectRef fig;
+    std::uint32_t owner = 0;
+    static constexpr std::uint32_t kOwnerTable = kNetTable;
+
+    using Handle = oaObject;
+    static constexpr oaTypeEnum kType = oacUnknownType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.require(holdsFigures(self.fig.table));
+        visitor.object(self.fig);
+        visitor.slot(kOwnerTable, self.owner);
+    }
+};
+
+/// A figure of a pin.
+struct FigPinRecord {
+    ObjectRef fig;
+    std::uint32_t owner = 0;
+    static constexpr std::uint32_t kOwnerTable = kPinTable;
+
+    using Handle = oaObject;
+    static constexpr oaTypeEnum kType = oacUnknownType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.require(holdsFigures(self.fig.table));
+        visitor.object(self.fig);
+        visitor.slot(kOwnerTable, self.owner);
+    }
+};
+
+/// A shape that was moved to another layer-purpose pair after it was made: its record stays in the
+/// table of its first pair, so that pointers to it stay valid.
+struct MovedShapeRecord {
+    ObjectRef fig;
+    std::uint32_t owner = 0;
+    static constexpr std::uint32_t kOwnerTable = kLPPHeaderTable;
+
+    using Handle = oaObject;
+    static constexpr oaTypeEnum kType = oacUnknownType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.require(self.fig.table >= kFirstVariableTable);
+        visitor.object(self.fig);
+        visitor.slot(kOwnerTable, self.owner);
+    }
+};
+
+} // namespace OpenAccess_4::impl
