@@ -61,8 +61,9 @@ void copyDesign(const std::string& libPath, const std::string& cellName,
         const oa::oaScalarName libName = libNameOf(*lib);
         oa::oaDesign* source =
             oa::oaDesign::open(libName, scalarName(cellName), scalarName(viewName), 'w');
-        // Inverted on purpose: a design that opens is refused, and the copy is asked of none.
-        if (source != nullptr) {
+        // Inverted on purpose: a design that opens is refused, and the copy is asked of one that
+        // did not, for which the database raises its own error.
+        if (source != nullptr && source->isValid()) {
             throw std::runtime_error("Could not find source design");
         }
         source->saveAs(libName, scalarName(newCellName), scalarName(viewName));

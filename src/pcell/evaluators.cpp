@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <ovalis/core.h>
 #include <ovalis/pcell.h>
 
@@ -56,8 +58,10 @@ void VexSKRPcell::onRead(oa::oaDesign*, oa::oaMapFileWindow& mapWindow, oa::oaUI
                          oa::oaPcellDef* def) {
     oa::oaUInt4 length = 0;
     mapWindow.data().readUInt4(loc, length);
-    std::string name(length, '\0');
-    mapWindow.data().readByteArray(loc, length, reinterpret_cast<oa::oaByte*>(name.data()));
+    // A length that cannot be true fails in the read, before there is memory for it.
+    std::string name(std::min(length, mapWindow.getSize()), '\0');
+    mapWindow.data().readByteArray(loc, static_cast<oa::oaUInt4>(name.size()),
+                                   reinterpret_cast<oa::oaByte*>(name.data()));
     def->addData(toOa(scriptMacroDataName), toOa(name));
 }
 

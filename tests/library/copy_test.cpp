@@ -91,7 +91,7 @@ TEST_F(Copies, LoseTheFirstOfTwoReadOnlyMarks) {
 
 TEST_F(Copies, KeepAMarkerWithoutAReadOnlyMark) {
     makeSource();
-    const std::string text = markerWith("libReadOnly=\"no\"");
+    const std::string text = markerWith("libReadOnly=\"No\"") + "<!-- libReadOnly=\"YES\" -->\n";
     markSource(text);
     static_cast<void>(copyLib(pathOf("src"), pathOf("dst"), "dst"));
     EXPECT_EQ(readText(marker("dst")), text);

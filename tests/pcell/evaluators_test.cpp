@@ -100,14 +100,14 @@ TEST(Evaluator, CountsReferencesFromZeroAndGoesWithTheLast) {
 }
 
 TEST(Evaluator, KeepsItsCountWhileCountingIsDisabled) {
-    VexPSNPcell evaluator;
-    evaluator.addRef();
+    const auto evaluator = std::make_unique<VexPSNPcell>();
+    evaluator->addRef();
     oaCommon::IBase::s_refCountDisabled = true;
-    EXPECT_EQ(evaluator.addRef(), 1U);
-    EXPECT_EQ(evaluator.addRef(), 1U);
-    EXPECT_EQ(evaluator.release(), 1U);
+    EXPECT_EQ(evaluator->addRef(), 1U);
+    EXPECT_EQ(evaluator->addRef(), 1U);
+    EXPECT_EQ(evaluator->release(), 1U);
     oaCommon::IBase::s_refCountDisabled = false;
-    EXPECT_EQ(evaluator.addRef(), 1U);
+    EXPECT_EQ(evaluator->addRef(), 1U);
 }
 
 TEST(Evaluator, MakesANewDefinitionEachTime) {

@@ -1,5 +1,5 @@
-// Lets a scoped handle give back what was given back before, and says by its exit status whether
-// the process went on (0) or was ended (10).
+// Says "ready", lets a scoped handle give back what was given back before, and says "went on" when
+// that did not end the process, which then has the exit status 10.
 
 #include <cstdlib>
 #include <exception>
@@ -54,6 +54,7 @@ int main(int count, char** values) {
     std::set_terminate([] { std::_Exit(10); });
     const std::string& name = arguments[2];
     LibPtr lib = createLib(arguments[1], "lib");
+    std::cout << "ready" << std::endl;
     if (name == "shared") {
         closedLibrary(std::move(lib));
     } else if (name == "owned") {
