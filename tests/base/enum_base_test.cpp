@@ -1,33 +1,13 @@
 #include <oa/oaDesignDB.h>
 
+#include "enum_values.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
 
 using namespace oa;
-
-namespace {
-
-template <class Enum>
-struct Value {
-    Enum value;
-    int number;
-    const char* name;
-};
-
-// Every value keeps its number and its name, and is found by its name.
-template <class Wrapper, class Enum>
-void expectValues(const std::vector<Value<Enum>>& values) {
-    for (const Value<Enum>& expected : values) {
-        EXPECT_EQ(static_cast<int>(expected.value), expected.number) << expected.name;
-        EXPECT_EQ(Wrapper(expected.value).getName(), expected.name);
-        EXPECT_EQ(Wrapper(oaString(expected.name)), expected.value) << expected.name;
-    }
-    EXPECT_THROW(Wrapper(static_cast<Enum>(values.size())).getName(), oaError);
-    EXPECT_THROW(Wrapper(oaString("no such name")), oaError);
-}
-
-} // namespace
+using test::expectValues;
 
 TEST(Enum, ParamTypeHasItsValuesAndNames) {
     expectValues<oaParamType, oaParamTypeEnum>({
