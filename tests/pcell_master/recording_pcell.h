@@ -2,40 +2,62 @@
 
 #include <oa/oaDesignDB.h>
 
+#include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace ovalis::test {
 
-/// An evaluator without definition data that notes the calls it gets.
+/// An evaluator that notes the calls it gets. Its definition data is the text "note": its length,
+/// then its bytes.
 class RecordingPcell : public oaCommon::PlugInBase<oa::IPcell> {
 public:
     explicit RecordingPcell(std::string name = "recording") : name_(std::move(name)) {}
     ~RecordingPcell() override { ++destroyed(); }
 
     oa::oaPcellDef* getPcellDef() override {
-        note("getPcellDef");
+        call("getPcellDef");
+        ++definitions;
         return new oa::oaPcellDef(this); // deleted by onUnbind()
     }
     void getName(oa::oaString& name) override {
-        note("getName");
+        call("getName");
         name = name_.c_str();
     }
-    void onBind(oa::oaDesign*, oa::oaPcellDef*) override { note("onBind"); }
-    void onUnbind(oa::oaDesign*, oa::oaPcellDef* def) override {
-        note("onUnbind");
+    void onBind(oa::oaDesign* design, oa::oaPcellDef*) override { call("onBind", design); }
+    void onUnbind(oa::oaDesign* design, oa::oaPcellDef* def) override {
         delete def;
+        --definitions;
+        call("onUnbind", design);
     }
-    void onEval(oa::oaDesign*, oa::oaPcellDef*) override { note("onEval"); }
-    void onRead(oa::oaDesign*, oa::oaMapFileWindow&, oa::oaUInt4&, oa::oaPcellDef*) override {
-        note("onRead");
+    void onEval(oa::oaDesign* design, oa::oaPcellDef*) override { call("onEval", design); }
+    void onRead(oa::oaDesign* design, oa::oaMapFileWindow& window, oa::oaUInt4& loc,
+                oa::oaPcellDef* def) override {
+        oa::oaUInt4 length = 0;
+        window.data().readUInt4(loc, length);
+        std::string text(length, '\0');
+        window.data().readBytes(loc, length, reinterpret_cast<oa::oaByte*>(text.data()));
+        def->addData("note", text.c_str());
+        call("onRead", design);
     }
-    void onWrite(oa::oaDesign*, oa::oaMapFileWindow&, oa::oaUInt4&, oa::oaPcellDef*) override {
-        note("onWrite");
+    void onWrite(oa::oaDesign* design, oa::oaMapFileWindow& window, oa::oaUInt4& loc,
+                 oa::oaPcellDef* def) override {
+        call("onWrite", design);
+        const std::string text = noteOf(def) + tail;
+        window.data().writeUInt4(loc, oa::oaUInt4(text.size()));
+        window.data().writeBytes(loc, oa::oaUInt4(text.size()),
+                                 reinterpret_cast<const oa::oaByte*>(text.data()));
     }
-    oa::oaUInt4 calcDiskSize(oa::oaPcellDef*) const override {
-        note("calcDiskSize");
-        return 0;
+    oa::oaUInt4 calcDiskSize(oa::oaPcellDef* def) const override {
+        call("calcDiskSize");
+        return oa::oaUInt4(4 + noteOf(def).size());
+    }
+
+    static std::string noteOf(oa::oaPcellDef* def) {
+        oa::oaString text;
+        def->getDataValue("note", text);
+        return std::string(text);
     }
 
     /// The calls since the last time this was asked.
@@ -47,10 +69,25 @@ public:
         return count;
     }
 
-protected:
-    void note(const std::string& call) const { calls_.push_back(call); }
+    int definitions = 0;   // that were handed out and not handed back
+    std::string failingIn; // the call that throws
+    std::string tail;      // what onWrite writes beyond the size that was announced
 
 private:
+    void call(const std::string& name) const {
+        calls_.push_back(name);
+        if (name == failingIn)
+            throw oa::oaDesignError(oa::oacPcellSubMasterNotProduced);
+    }
+    void call(const std::string& name, oa::oaDesign* design) const {
+        oa::oaString cell("-");
+        if (design)
+            design->getCellName(oa::oaNativeNS(), cell);
+        calls_.push_back(name + " " + std::string(cell));
+        if (name == failingIn)
+            throw oa::oaDesignError(oa::oacPcellSubMasterNotProduced);
+    }
+
     std::string name_;
     mutable std::vector<std::string> calls_;
 };

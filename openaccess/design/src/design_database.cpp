@@ -13,7 +13,7 @@ namespace OpenAccess_4::impl {
 DesignDatabase::DesignDatabase(std::uint32_t slot)
     : slot_(slot), info_(addTable<DesignInfoRecord>(kDesignInfoTable)),
       blocks(addTable<BlockRecord>(kBlockTable)), shapes(*this), connectivity(*this),
-      instances(*this) {}
+      instances(*this), pcell(*this) {}
 
 std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(std::uint32_t slot) {
     auto database = std::make_unique<DesignDatabase>(slot);
@@ -31,11 +31,11 @@ std::unique_ptr<DesignDatabase> DesignDatabase::read(std::uint32_t slot, const s
 }
 
 bool DesignDatabase::isSound() {
-    if (info_.slots() != 1 || blocks.slots() > 1)
+    if (info_.slots() != 1 || blocks.slots() > 1 || !pcell.isSound())
         return false;
     if (!hasBlock()) {
         for (std::uint32_t number = kBlockTable; number < tableCount(); ++number)
-            if (table(number) && table(number)->slots() > 0)
+            if (table(number) && table(number)->slots() > 0 && !isPcellTable(number))
                 return false;
         return true;
     }

@@ -3,6 +3,7 @@
 #include "base/src/database.h"
 #include "design/src/connectivity.h"
 #include "design/src/instances.h"
+#include "design/src/pcell_master.h"
 #include "design/src/records.h"
 #include "design/src/shape_tables.h"
 
@@ -60,6 +61,7 @@ public:
     ShapeTables shapes;
     Connectivity connectivity;
     Instances instances;
+    PcellMaster pcell;
 };
 
 /// The database of a design, or of one of its objects.

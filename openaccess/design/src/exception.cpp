@@ -64,6 +64,9 @@ constexpr impl::MessageFormat formats[] = {
      "Parameters were given for master '%s/%s/%s', which is not a pcell."},
     {oacInvalidDataTypeForParam,
      "Parameter '%s' does not exist with this type in the pcell '%s/%s/%s'."},
+    {oacPcellDefinitionTooLong,
+     "The definition data of pcell '%s/%s/%s' is longer than the %u bytes that its evaluator '%s' "
+     "asked for."},
     {oacPcellSubMasterNotProduced, "The pcell submaster cannot be produced."},
 };
 

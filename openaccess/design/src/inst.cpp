@@ -178,6 +178,8 @@ oaBoolean oaInst::findParam(const oaString& name, oaParam& param) const {
 }
 
 void oaInst::setParams(const oaParamArray& params) {
+    designDatabaseOf(this).requireEditable();
+    requireParamsOf(findOpenDesign(masterNames(this)), params);
     edited(this).instances.setParams(slotOf(this), params);
 }
 
@@ -223,6 +225,9 @@ void requireFreeName(DesignDatabase& database, std::string_view name) {
 oaInst* createInst(NewInst inst, std::string_view name) {
     DesignDatabase& database = designDatabaseOf(inst.block);
     requireFreeName(database, name);
+    database.requireEditable();
+    if (inst.params)
+        requireParamsOf(inst.open ? inst.open : findOpenDesign(inst.master), *inst.params);
     database.edit();
     Instances& instances = database.instances;
     inst.record.name = database.strings.intern(name);

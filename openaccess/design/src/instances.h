@@ -59,8 +59,6 @@ public:
 
 private:
     void clearParams(std::uint32_t slot);
-    InstParamRecord recordOf(const oaParam& param);
-    oaParam paramOf(const InstParamRecord& record) const;
 
     DesignDatabase& database_;
     std::map<std::array<StringId, 3>, std::uint32_t> masterSlots_;

@@ -33,9 +33,24 @@ void requireMode(const DesignNames& names, oaChar mode) {
         throw errorOf(oacOpenUndefinedModeDesign, names, mode);
 }
 
+/// Puts other content in the place of what the design may have.
+void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content) {
+    if (design.content)
+        design.content->pcell.unbind();
+    design.content = std::move(content);
+}
+
 void makeEmpty(OpenDesignRecord& design, std::uint32_t slot) {
-    design.content = DesignDatabase::makeEmpty(slot);
+    replaceContent(design, DesignDatabase::makeEmpty(slot));
     design.content->setModified(true);
+}
+
+/// Gives a super master whose content came from a file its definition. No access to the library is
+/// held meanwhile: the evaluator may ask for its own.
+oaDesign* withPcell(oaDesign* design) {
+    if (design)
+        designDatabaseOf(design).pcell.bind();
+    return design;
 }
 
 /// Reads the content of the file. The caller holds access.
@@ -47,7 +62,7 @@ void load(OpenDesignRecord& design, std::uint32_t slot) {
     design.lastSavedTime =
         std::chrono::system_clock::to_time_t(platform::lastWriteTime(design.path));
     design.readInTime = now();
-    design.content = std::move(content);
+    replaceContent(design, std::move(content));
 }
 
 /// Takes the lock, empties or reads the design, and sets the mode. The caller holds write access.
@@ -199,9 +214,9 @@ oaDesign* openDesign(const DesignNames& names, const oaViewType* viewType, oaCha
     design.lib = libraryOf(names);
     design.openings = 1;
     if (oaDesign* open = findOpenDesign(names))
-        return openAgain(open, viewType, mode);
-    return mode == 'r' ? openForReading(std::move(design), viewType)
-                       : openForEditing(std::move(design), viewType, mode);
+        return withPcell(openAgain(open, viewType, mode));
+    return withPcell(mode == 'r' ? openForReading(std::move(design), viewType)
+                                 : openForEditing(std::move(design), viewType, mode));
 }
 
 oaDesign* openMaster(const DesignNames& names) {
@@ -221,18 +236,23 @@ void reopenDesign(oaDesign* design, oaChar mode) {
     OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
     requireMode(record.names, mode);
     changeMode(record, slotOf(design), mode);
+    withPcell(design);
 }
 
 void revertDesign(oaDesign* design) {
     OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
-    const DesignAccess access(record.lib, record.names, oacReadLibAccess);
-    load(record, slotOf(design));
+    {
+        const DesignAccess access(record.lib, record.names, oacReadLibAccess);
+        load(record, slotOf(design));
+    }
+    withPcell(design);
 }
 
 void saveDesign(oaDesign* design) {
     OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
     if (record.mode == 'r')
         throw errorOf(oacSaveReadOnlyDesign, record.names);
+    record.content->pcell.pack();
     const DesignAccess access(record.lib, record.names, oacWriteLibAccess);
     writeDatabaseFile(record.path, DatabaseFileKind::Design, *record.content);
     record.content->setModified(false);
@@ -247,6 +267,7 @@ void saveDesignAs(oaDesign* design, const DesignNames& names) {
     const oaLib* lib = libraryOf(names);
     if (findOpenDesign(names))
         throw errorOf(oacCannotSaveAsOpenDesign, names);
+    record.content->pcell.pack();
     const DesignAccess access(lib, names, oacWriteLibAccess);
     const DesignPlace place = makePlace(lib, names, viewTypeFor(lib, names, record.viewType));
     try {
@@ -295,6 +316,7 @@ void closeDesign(oaDesign* design) {
 
 void purgeDesign(oaDesign* design) {
     OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
+    record.content->pcell.unbind();
     const std::vector<oaDesign*> masters = record.content->instances.boundMasters();
     record.lock.reset();
     removeFromDisk(record);

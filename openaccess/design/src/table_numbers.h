@@ -19,6 +19,11 @@ inline constexpr std::uint32_t kFigNetTable = 18;
 inline constexpr std::uint32_t kFigPinTable = 19;
 inline constexpr std::uint32_t kMovedShapeTable = 20;
 // 40 to 47 are the tables of pcells.
+inline constexpr std::uint32_t kSuperMasterTable = 40;
+inline constexpr std::uint32_t kPcellParamTable = 41;
+inline constexpr bool isPcellTable(std::uint32_t table) {
+    return table >= kSuperMasterTable && table <= kPcellParamTable;
+}
 
 // Kinds of the tables that a design has one of for each layer-purpose pair; their parameter is the
 // slot of the pair's header.

@@ -7,6 +7,9 @@ namespace OpenAccess_4 {
 
 class oaLib;
 class oaNameSpace;
+class oaParam;
+class oaParamArray;
+class oaPcellDef;
 class oaScalarName;
 class oaTech;
 class oaViewType;
@@ -95,6 +98,30 @@ public:
     oaTime getReadInTime() const;
     /// 0 for a design that was never saved.
     oaTime getLastSavedTime() const;
+
+    // Pcells.
+
+    /// Makes the design a super master: what instances name, and what the evaluator of `def` fills
+    /// submasters from. Its content stays. The definition belongs to the database from now on,
+    /// which hands it to IPcell::onUnbind() when the design is purged, undefined or defined anew;
+    /// also when this call fails in the evaluator, after which the design is no super master.
+    /// @throws oaDesignError  oacCannotModifyReadModeDesign, oacPcellInvalidPcellDef, and what
+    ///                        IPcell::onBind() throws
+    void defineSuperMaster(oaPcellDef* def, const oaParamArray& defaults);
+    /// @throws oaDesignError  oacCannotModifyReadModeDesign, oacInvalidSuperMaster
+    void undefineSuperMaster();
+    oaBoolean isSuperMaster() const;
+    /// False: every design is one that is stored.
+    oaBoolean isSubMaster() const;
+    /// Null when the evaluator is not known, or failed when the design was opened.
+    /// @throws oaDesignError  oacInvalidSuperMaster
+    oaPcellDef* getPcellDef() const;
+    /// @throws oaDesignError  oacInvalidSuperMaster
+    void getPcellEvaluatorName(oaString& name) const;
+    /// The parameters of a super master with their defaults, in the order of their definition; none
+    /// of them when `includeDefaults` is false. Other designs have none.
+    void getParams(oaParamArray& params, oaBoolean includeDefaults = true) const;
+    oaBoolean findParam(const oaString& name, oaParam& param) const;
 
     OA_HANDLE(oaDesign);
 };

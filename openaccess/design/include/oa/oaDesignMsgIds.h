@@ -55,6 +55,7 @@ enum oaDesignMsgIds {
     oacPcellMasterNotBound,
     oacParamsSuppliedForNonPCellInstMaster,
     oacInvalidDataTypeForParam,
+    oacPcellDefinitionTooLong,
     oacPcellSubMasterNotProduced = 1201,
 };
 

@@ -1,0 +1,191 @@
+#include "design/src/pcell_master.h"
+
+#include "base/src/map_window.h"
+#include "design/src/design_database.h"
+#include "design/src/open_designs.h"
+#include "design/src/param_records.h"
+#include "oa/oaBaseMsgIds.h"
+#include "oa/oaDesign.h"
+#include "oa/oaDesignException.h"
+#include "oa/oaPcellLink.h"
+
+namespace OpenAccess_4::impl {
+
+namespace {
+
+/// Definition data on its way to or from an evaluator.
+class DefinitionData {
+public:
+    /// A copy of what is stored.
+    explicit DefinitionData(std::string_view stored) : bytes_(stored) {}
+    /// Room for what is to be stored.
+    explicit DefinitionData(oaUInt4 size) : bytes_(size, '\0') {}
+
+    oaMapFileWindow window() {
+        return MapWindowAccess::windowOver(reinterpret_cast<oaByte*>(bytes_.data()), bytes_.size());
+    }
+    const std::string& bytes() const { return bytes_; }
+
+private:
+    std::string bytes_;
+};
+
+} // namespace
+
+PcellMaster::PcellMaster(Database& database)
+    : database_(database),
+      masters_(database.addTable<SuperMasterRecord>(kSuperMasterTable)),
+      params_(database.addTable<PcellParamRecord>(kPcellParamTable)) {}
+
+const SuperMasterRecord& PcellMaster::master() const {
+    return masters_[masters_.slots() - 1]; // those before it are destroyed
+}
+
+SuperMasterRecord& PcellMaster::master() {
+    return masters_[masters_.slots() - 1];
+}
+
+oaDesign* PcellMaster::design() const {
+    return static_cast<oaDesign*>(database_.object());
+}
+
+const char* PcellMaster::evaluatorName() const {
+    return database_.strings.chars(master().evaluator);
+}
+
+void PcellMaster::clear() {
+    masters_.forEach([&](std::uint32_t slot, const SuperMasterRecord&) { masters_.destroy(slot); });
+    params_.forEach([&](std::uint32_t slot, const PcellParamRecord&) { params_.destroy(slot); });
+}
+
+void PcellMaster::store(const oaString& evaluatorName, const oaParamArray& defaults) {
+    clear();
+    masters_.add({database_.strings.intern(std::string_view(evaluatorName)), 0});
+    for (oaUInt4 i = 0; i < defaults.getNumElements(); ++i) {
+        PcellParamRecord record;
+        storeParam(record, database_.strings, defaults[i]);
+        params_.add(record);
+    }
+}
+
+void PcellMaster::keep(oaPcellDef* definition, IPcell* evaluator) {
+    definition_ = definition;
+    evaluator_ = oaCommon::SPtr<IPcell>(evaluator);
+}
+
+void PcellMaster::define(oaPcellDef* definition, const oaParamArray& defaults) {
+    if (!definition || !definition->getIPcell())
+        throw oaDesignError(oacPcellInvalidPcellDef);
+    database_.edit();
+    oaString name;
+    definition->getIPcell()->getName(name);
+    const bool isNew = definition != definition_;
+    if (isNew)
+        unbind();
+    store(name, defaults);
+    if (!isNew)
+        return;
+    keep(definition, definition->getIPcell());
+    try {
+        evaluator_->onBind(design(), definition);
+    } catch (...) {
+        unbind();
+        clear();
+        throw;
+    }
+}
+
+void PcellMaster::undefine() {
+    database_.edit();
+    unbind();
+    clear();
+}
+
+void PcellMaster::getParams(oaParamArray& params) const {
+    params.setNumElements(0);
+    params_.forEach([&](std::uint32_t, const PcellParamRecord& record) {
+        params.append(paramOf(record, database_.strings));
+    });
+}
+
+bool PcellMaster::findParam(const oaString& name, oaParam& param) const {
+    oaParamArray params;
+    getParams(params);
+    return params.find(name, param);
+}
+
+void PcellMaster::bind() {
+    if (!isDefined() || definition_)
+        return;
+    const oaPcellLink* link = oaPcellLink::find(evaluatorName());
+    if (!link)
+        return;
+    try {
+        oaPcellDef* definition = link->getIPcell()->getPcellDef();
+        if (!definition)
+            return;
+        keep(definition, link->getIPcell());
+        DefinitionData data(database_.strings.text(master().data));
+        oaMapFileWindow window = data.window();
+        oaUInt4 loc = 0;
+        evaluator_->onRead(design(), window, loc, definition);
+        evaluator_->onBind(design(), definition);
+    } catch (...) {
+        // The design can be worked with without its evaluator, as one of an unknown evaluator can.
+        unbind();
+    }
+}
+
+void PcellMaster::unbind() noexcept {
+    if (!definition_)
+        return;
+    oaPcellDef* definition = std::exchange(definition_, nullptr);
+    const oaCommon::SPtr<IPcell> evaluator = std::exchange(evaluator_, {});
+    try {
+        evaluator->onUnbind(design(), definition);
+    } catch (...) {
+        // The design goes on, or goes, without the definition in any case.
+    }
+}
+
+void PcellMaster::pack() {
+    if (!definition_)
+        return;
+    DefinitionData data(evaluator_->calcDiskSize(definition_));
+    oaMapFileWindow window = data.window();
+    oaUInt4 loc = 0;
+    try {
+        evaluator_->onWrite(design(), window, loc, definition_);
+    } catch (const oaError& error) {
+        if (error.getMsgId() != oacPackedDataOverrun)
+            throw;
+        const DesignNames& names = designDatabaseOf(design()).names();
+        throw oaDesignError(oacPcellDefinitionTooLong, names.lib.c_str(), names.cell.c_str(),
+                            names.view.c_str(), window.getSize(), evaluatorName());
+    }
+    const StringId packed = database_.strings.intern(data.bytes());
+    if (packed != master().data) {
+        master().data = packed;
+        database_.noteGarbage();
+    }
+}
+
+void requireParamsOf(const oaDesign* master, const oaParamArray& params) {
+    if (!master)
+        return;
+    DesignDatabase& database = designDatabaseOf(master);
+    const DesignNames& names = database.names();
+    if (params.getNumElements() > 0 && !database.pcell.isDefined())
+        throw oaDesignError(oacParamsSuppliedForNonPCellInstMaster, names.lib.c_str(),
+                            names.cell.c_str(), names.view.c_str());
+    for (oaUInt4 i = 0; i < params.getNumElements(); ++i) {
+        oaString name;
+        oaParam known;
+        params[i].getName(name);
+        if (!database.pcell.findParam(name, known) || known.getType() != params[i].getType())
+            throw oaDesignError(oacInvalidDataTypeForParam, static_cast<const oaChar*>(name),
+                                names.lib.c_str(), names.cell.c_str(), names.view.c_str());
+    }
+}
+
+} // namespace OpenAccess_4::impl
