@@ -54,7 +54,7 @@ void removeStale(std::string_view target) {
             continue;
         const std::optional<ProcessId> owner = ownerOnThisHost(mark);
         if (owner && !isProcessAlive(*owner))
-            removeFile(joinPath(directory, entry.name));
+            removeTree(joinPath(directory, entry.name));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "dm_tests.h"
+#include "platform/atomic_file.h"
 
 using namespace oa;
 using namespace ovalis::test;
@@ -69,6 +70,15 @@ TEST_F(CellTest, IsDestroyedWithEverythingInIt) {
     oaCell* again = oaCell::get(lib, scalarName("cell"));
     EXPECT_TRUE(again->isValid());
     EXPECT_FALSE(cell->isValid());
+}
+
+TEST_F(CellTest, HalfRemovedByAProcessThatDiedIsNoCell) {
+    oaLib* lib = createWritable("lib");
+    const std::string half = platform::temporaryPathFor(path("lib/cell"));
+    platform::createDirectory(half);
+    EXPECT_THAT(namesIn(lib->getCells()), IsEmpty());
+    oaCell::get(lib, scalarName("cell"))->destroy();
+    EXPECT_TRUE(platform::exists(half)) << "this process is still alive";
 }
 
 TEST_F(CellTest, CanBeDestroyedOnAWalk) {

@@ -145,6 +145,41 @@ TEST_F(EditLockTest, OfAnEarlierProcessWithThisNumberIsTakenOver) {
     EXPECT_TRUE(EditLock::tryAcquire(file));
 }
 
+TEST_F(EditLockTest, ThatCameWithACopyIsTakenOver) {
+    platform::createDirectory(path("original"));
+    platform::createDirectory(path("copy"));
+    const auto lock = EditLock::tryAcquire(path("original/layout.oa"));
+    platform::copyFile(path("original/layout.oa.cdslck"), path("copy/layout.oa.cdslck"));
+    EXPECT_FALSE(EditLock::tryAcquire(path("original/layout.oa")));
+    EXPECT_EQ(EditLock::status(path("copy/layout.oa")), oacNotLocked);
+    EXPECT_TRUE(EditLock::tryAcquire(path("copy/layout.oa")));
+}
+
+TEST_F(EditLockTest, ThatIsStaleIsTakenOverByOneOfManyAtOnce) {
+    for (int round = 0; round < 3; ++round) {
+        putLock(platform::hostName(), platform::systemName(), deadProcess);
+        std::vector<std::unique_ptr<platform::ChildProcess>> children;
+        const auto ready = [&](std::size_t i) {
+            return path("ready" + std::to_string(round) + std::to_string(i));
+        };
+        for (std::size_t i = 0; i < 4; ++i)
+            children.push_back(std::make_unique<platform::ChildProcess>(
+                utf8(builtProgram("dm_child")),
+                std::vector<std::string>{"hold-edit", file, ready(i)}));
+        std::size_t winner = children.size();
+        for (int wait = 0; winner == children.size() && wait < 6000; ++wait) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            for (std::size_t i = 0; i < children.size(); ++i)
+                winner = platform::exists(ready(i)) ? i : winner;
+        }
+        ASSERT_LT(winner, children.size());
+        for (std::size_t i = 0; i < children.size(); ++i)
+            if (i != winner) {
+                EXPECT_EQ(children[i]->wait(), refused);
+            }
+    }
+}
+
 TEST_F(EditLockTest, OfUnknownFormIsKeptAndNamed) {
     put("layout.oa.cdslck", "something else");
     const Thrown thrown = thrownBy([&] { EditLock::acquire(file); });

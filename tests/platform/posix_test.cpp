@@ -5,14 +5,15 @@
 #include "platform/file_lock.h"
 
 #include "platform_tests.h"
+#include "support/posix/ordinary_user.h"
 
 #include <csignal>
 #include <filesystem>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace platform;
+using ovalis::test::OrdinaryUser;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -36,26 +37,6 @@ public:
 private:
     void (*handler)(int);
     rlimit before;
-};
-
-/// Permissions are not asked of root, so the scope runs for nobody.
-class OrdinaryUser {
-public:
-    OrdinaryUser() {
-        if (user == 0 && (setegid(nobody) != 0 || seteuid(nobody) != 0))
-            ADD_FAILURE() << "cannot give up root";
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-    ~OrdinaryUser() {
-        if (user == 0 && (seteuid(user) != 0 || setegid(group) != 0))
-            ADD_FAILURE() << "cannot become root again";
-    }
-
-private:
-    static constexpr uid_t nobody = 65534;
-    const uid_t user = geteuid();
-    const gid_t group = getegid();
 };
 
 class PosixTest : public ovalis::test::PlatformTest {

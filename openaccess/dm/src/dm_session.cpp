@@ -48,8 +48,8 @@ Library& DMSession::add(std::unique_ptr<Library> library) {
 }
 
 void DMSession::close(Library& library) {
-    for (const CloseHook& hook : closeHooks_)
-        hook(library.handle());
+    for (auto hook = closeHooks_.rbegin(); hook != closeHooks_.rend(); ++hook)
+        (*hook)(library.handle());
     std::erase_if(libraries_, [&](const auto& open) { return open.get() == &library; });
 }
 

@@ -43,7 +43,7 @@ public:
     Library* findLibrary(const std::string& name) const;
     Library& add(std::unique_ptr<Library> library);
 
-    /// Tells the hooks and destroys the library.
+    /// Tells the hooks, the latest first, and destroys the library.
     void close(Library& library);
     void addCloseHook(CloseHook hook) { closeHooks_.push_back(std::move(hook)); }
 

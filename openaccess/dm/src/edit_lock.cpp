@@ -94,10 +94,21 @@ bool isSameInstance(const Fields& fields, platform::ProcessId process) {
     return instance == fields.end() || instance->second == platform::processInstance(process);
 }
 
-bool isStale(const std::string& content) {
+// A copy of a library brings the locks of the original along.
+bool isForAnotherFile(const Fields& fields, const std::string& lockPath) {
+    const auto file = fields.find("FilePathUsedToEditLock");
+    if (file == fields.end())
+        return false;
+    const std::string original = platform::parentPath(file->second);
+    return platform::isDirectory(original) &&
+           !platform::sameFile(original, platform::parentPath(lockPath));
+}
+
+bool isStale(const std::string& content, const std::string& lockPath) {
     const Fields fields = parse(content);
     const std::optional<platform::ProcessId> process = holderHere(fields);
-    return process && (!platform::isProcessAlive(*process) || !isSameInstance(fields, *process));
+    return process && (!platform::isProcessAlive(*process) || !isSameInstance(fields, *process) ||
+                       isForAnotherFile(fields, lockPath));
 }
 
 // An empty lock file is what a crash of the whole computer leaves.
@@ -118,11 +129,11 @@ std::string contentOf(const std::string& path) {
 
 bool removeLeftLock(const std::string& lockPath) {
     const bool empty = isLeftEmpty(lockPath);
-    if (!empty && !isStale(contentOf(lockPath)))
+    if (!empty && !isStale(contentOf(lockPath), lockPath))
         return false;
     platform::removeStaleTemporaries(lockPath);
     return platform::removeFileIf(lockPath, [&](const std::string& content) {
-        return content.empty() ? empty : isStale(content);
+        return content.empty() ? empty : isStale(content, lockPath);
     });
 }
 
@@ -204,7 +215,7 @@ oaDMLockStatusEnum EditLock::status(const std::string& file) {
     if (!platform::exists(lockPath))
         return oacNotLocked;
     const std::string content = contentOf(lockPath);
-    if (isStale(content))
+    if (isStale(content, lockPath))
         return oacNotLocked;
     const Fields fields = parse(content);
     return holderHere(fields) == platform::currentProcessId() ? oacLockedByCurrentProcess

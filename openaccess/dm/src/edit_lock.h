@@ -9,8 +9,9 @@ namespace OpenAccess_4::impl {
 
 /// The right to change one managed file, held against all processes: "<file>.cdslck" beside it.
 ///
-/// - The lock file tells who holds the lock. One left by a dead process of this host is taken over;
-///   one of another host or system cannot be judged and counts as held.
+/// - The lock file tells who holds the lock. One left by a dead process of this host is taken over,
+///   and so is one that came along with the copy of a directory; one of another host or system
+///   cannot be judged and counts as held.
 /// - Move-only; the destructor releases. Locks that are still held when the process ends normally
 ///   are released then.
 class EditLock {

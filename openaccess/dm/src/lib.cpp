@@ -30,7 +30,7 @@ public:
             setAttribute((*attributes)[i]);
         try {
             makeDirectory();
-            marker_.write(platform::joinPath(place_.path, LibraryMarker::kFileName));
+            writeMarker();
         } catch (const platform::SystemFailure& failure) {
             fail(failure.error().text());
         }
@@ -53,16 +53,30 @@ private:
         require(wrong.empty(), wrong);
     }
 
-    void makeDirectory() const {
-        if (!platform::exists(place_.path))
-            return platform::createDirectory(place_.path);
+    void makeDirectory() {
+        if (!platform::exists(place_.path)) {
+            platform::createDirectory(place_.path);
+            isNew_ = true;
+            return;
+        }
         require(platform::isDirectory(place_.path), "there is a file of that name");
         require(platform::listDirectory(place_.path).empty(), "the directory is not empty");
+    }
+
+    void writeMarker() const {
+        try {
+            marker_.write(platform::joinPath(place_.path, LibraryMarker::kFileName));
+        } catch (const platform::SystemFailure&) {
+            if (isNew_)
+                platform::removeTree(place_.path);
+            throw;
+        }
     }
 
     const LibraryPlace& place_;
     const std::string system_;
     LibraryMarker marker_;
+    bool isNew_ = false;
 };
 
 oaLib* openAt(LibraryPlace place) {

@@ -51,7 +51,8 @@ DesignPlace makeDesignPlace(const oaLib* lib, const oaScalarName& cell, const oa
 /// holds files, and its cell unless it holds anything else. The caller holds write access.
 void removeUnsaved(const DesignPlace& place);
 
-/// Calls `hook` for each library that is about to close, while all its objects are valid.
+/// Calls `hook` for each library that is about to close, while all its objects are valid. Hooks
+/// that were added later come first: what they purge may lean on the others.
 void beforeLibraryCloses(std::function<void(oaLib*)> hook);
 
 } // namespace OpenAccess_4::impl

@@ -1,13 +1,21 @@
 #include "dm/src/dm_session.h"
 #include "dm/src/library.h"
 #include "dm/src/primary_files.h"
-#include "platform/file.h"
+#include "platform/atomic_file.h"
 
 #include <set>
 
 namespace OpenAccess_4::impl {
 
 namespace {
+
+// Takes the directory out of sight in one step: nobody meets a half-removed cell, whatever happens.
+void removeDirectory(const std::string& path) {
+    platform::removeStaleTemporaries(path);
+    const std::string hidden = platform::temporaryPathFor(path);
+    platform::renameFile(path, hidden);
+    platform::removeTree(hidden);
+}
 
 template <class Handle>
 Handle* as(oaObject* object) {
@@ -68,7 +76,7 @@ std::vector<oaObject*> Library::cells() {
 
 void Library::destroy(oaCell* cell) {
     const ObjectRef ref = locationOf(cell).ref;
-    onDisk([&] { platform::removeTree(pathOf(ref)); });
+    onDisk([&] { removeDirectory(pathOf(ref)); });
     forgetCell(ref.slot);
 }
 
@@ -193,7 +201,7 @@ std::vector<oaObject*> Library::cellViewsOf(oaView* view) {
 
 void Library::destroy(oaCellView* cellView) {
     const ObjectRef ref = locationOf(cellView).ref;
-    onDisk([&] { platform::removeTree(pathOf(ref)); });
+    onDisk([&] { removeDirectory(pathOf(ref)); });
     forgetCellView(ref.slot);
 }
 
