@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/src/large_array.h"
 #include "base/src/refs.h"
 #include "oa/oaPoint.h"
 
@@ -12,19 +13,37 @@ namespace OpenAccess_4::impl {
 /// that gets other points gets another run, and saving drops what no shape names any more.
 class PointPool {
 public:
-    PointPool() = default;
-    explicit PointPool(std::vector<oaPoint> points) : points_(std::move(points)) {}
-
+    /// Adds a run of points to those of a group, a small number. The runs of one group lie together
+    /// in blocks, in whatever order groups take turns, as do the shapes of one layer that are
+    /// visited together; the unused end of a block is zeros.
     /// @throws oaError  oacPointPoolFull: the pool would pass 2^32 points.
-    PointsRef add(std::span<const oaPoint> points);
+    PointsRef add(std::span<const oaPoint> points, std::uint32_t group = 0);
+
+    /// Adds a run of points right behind the last one of all.
+    /// @throws oaError  oacPointPoolFull
+    PointsRef append(std::span<const oaPoint> points);
+
+    /// Makes room in an empty pool for the points of a database file.
+    std::span<oaPoint> makeRoom(std::size_t count) { return points_.grow(count); }
 
     std::span<const oaPoint> get(PointsRef run) const {
-        return std::span(points_).subspan(run.first, run.count);
+        return points_.all().subspan(run.first, run.count);
     }
-    const std::vector<oaPoint>& all() const { return points_; }
+    std::span<const oaPoint> all() const { return points_.all(); }
 
 private:
-    std::vector<oaPoint> points_;
+    /// The block that the next run of a group goes to, as far as it has room.
+    struct Block {
+        std::uint32_t next = 0;
+        std::uint32_t end = 0;
+        std::uint32_t size = 0;
+    };
+
+    void newBlock(Block& block, std::size_t least);
+    std::uint32_t grow(std::size_t count);
+
+    LargeArray<oaPoint> points_;
+    std::vector<Block> blocks_; // by group
 };
 
 } // namespace OpenAccess_4::impl

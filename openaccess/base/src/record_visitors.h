@@ -54,7 +54,7 @@ public:
 
     void string(StringId& id) { id = strings_.intern(oldStrings_.text(id)); }
     void points(PointsRef& run, std::uint32_t /*least*/) {
-        run = points_.add(oldPoints_.get(run));
+        run = points_.append(oldPoints_.get(run));
     }
     void slot(std::uint32_t table, std::uint32_t& slot) { slot = renumbered(table, slot); }
     void optionalSlot(std::uint32_t table, std::uint32_t& slot) {

@@ -12,22 +12,10 @@ namespace OpenAccess_4::impl {
 
 namespace {
 
-// Slabs double from 64 slots to 131072, the size at which the handles of a slab fill one huge
-// page; from there on they keep that size.
-constexpr std::uint32_t kFirstSlabBits = 6;
-constexpr std::uint32_t kLastSlabBits = 17;
-constexpr std::uint32_t kDoublings = kLastSlabBits - kFirstSlabBits;
-constexpr std::uint32_t kDoubledSlots = ((1u << (kDoublings + 1)) - 1) << kFirstSlabBits;
-
-std::uint32_t slabNumber(std::uint32_t slot) {
-    if (slot >= kDoubledSlots)
-        return kDoublings + 1 + ((slot - kDoubledSlots) >> kLastSlabBits);
-    return std::uint32_t(std::bit_width((slot >> kFirstSlabBits) + 1)) - 1;
-}
-
-std::uint32_t slabCapacity(std::size_t number) {
-    return 1u << std::min<std::size_t>(kFirstSlabBits + number, kLastSlabBits);
-}
+// Slabs double from 64 slots, or from as many as a table has that is read from a file, to 131072,
+// the size at which the handles of a slab fill one huge page; from there on they keep that size.
+constexpr std::uint32_t kSmallestSlabBits = 6;
+constexpr std::uint32_t kLargestSlabBits = 17;
 
 } // namespace
 
@@ -36,7 +24,7 @@ void throwInvalidObject() {
 }
 
 TableBase::TableBase(Database& database, TableId id, std::size_t recordSize)
-    : database_(database), id_(id), recordSize_(recordSize) {}
+    : database_(database), id_(id), recordSize_(recordSize), firstSlabBits_(kSmallestSlabBits) {}
 
 TableBase::~TableBase() {
     for (const auto& slab : slabs_) {
@@ -76,6 +64,9 @@ std::vector<std::span<const std::byte>> TableBase::recordBytes() const {
 
 std::vector<std::span<std::byte>> TableBase::appendSlots(std::uint32_t count) {
     assert(slots_ == 0 && "only a table that is read from a file grows by many slots at once");
+    if (count > 0)
+        firstSlabBits_ = std::clamp(std::uint32_t(std::bit_width(count - 1)), kSmallestSlabBits,
+                                    kLargestSlabBits);
     std::vector<std::span<std::byte>> bytes;
     while (count > 0) {
         Slab& slab = addSlab();
@@ -132,6 +123,18 @@ Slab& TableBase::slabOf(std::uint32_t slot) const {
     return *slabs_[slabNumber(slot)];
 }
 
+std::size_t TableBase::slabNumber(std::uint32_t slot) const {
+    const std::uint32_t doublings = kLargestSlabBits - firstSlabBits_;
+    const std::uint32_t doubledSlots = ((1u << (doublings + 1)) - 1) << firstSlabBits_;
+    if (slot >= doubledSlots)
+        return doublings + 1 + ((slot - doubledSlots) >> kLargestSlabBits);
+    return std::size_t(std::bit_width((slot >> firstSlabBits_) + 1)) - 1;
+}
+
+std::uint32_t TableBase::slabCapacity(std::size_t number) const {
+    return 1u << std::min<std::size_t>(firstSlabBits_ + number, kLargestSlabBits);
+}
+
 Slab& TableBase::addSlab() {
     auto slab = std::make_unique<Slab>();
     slab->table = this;
@@ -145,12 +148,11 @@ Slab& TableBase::addSlab() {
 void TableBase::makeHandles(Slab& slab) {
     if (!slab.handles)
         slab.handles = HandlePool::instance().take(slab.capacity);
-    for (; slab.made < slab.used; ++slab.made) {
-        const std::uint32_t slot = slab.first + slab.made;
-        oaObject* handle = construct(slot, slab.handles + slab.made);
-        if (isLive(slot))
-            Handles::setSlab(handle, &slab);
-    }
+    std::uint32_t place = slab.made;
+    construct(slab);
+    for (; place < slab.used; ++place)
+        if (isLive(slab.first + place))
+            Handles::setSlab(slab.handles + place, &slab);
 }
 
 } // namespace OpenAccess_4::impl

@@ -86,17 +86,20 @@ protected:
     /// Takes a slot out of use; its handle becomes invalid.
     void retire(std::uint32_t slot);
     std::byte* recordAt(std::uint32_t slot) const;
-    /// Puts the handle of a slot into the memory at `where`.
-    virtual oaObject* construct(std::uint32_t slot, void* where) const = 0;
+    /// Makes the handles of a slab that are not made yet, all of them invalid.
+    virtual void construct(Slab& slab) const = 0;
 
 private:
     Slab& slabOf(std::uint32_t slot) const;
+    std::size_t slabNumber(std::uint32_t slot) const;
+    std::uint32_t slabCapacity(std::size_t number) const;
     Slab& addSlab();
     void makeHandles(Slab& slab);
 
     Database& database_;
     TableId id_;
     std::size_t recordSize_;
+    std::uint32_t firstSlabBits_; // the first slab has as many slots as this power of two
     std::uint32_t slots_ = 0;
     std::uint32_t destroyed_ = 0;
     std::vector<std::unique_ptr<Slab>> slabs_;
@@ -137,9 +140,9 @@ Record& recordOf(const oaObject* object) {
 /// that list those numbers for the checker and the remapper.
 template <class Record>
 concept StoredRecord = std::is_trivially_copyable_v<Record> &&
-                       requires(const Record& record, RecordChecker& checker) {
-                           Record::describe(record, checker);
-                       };
+    requires(const Record& record, RecordChecker& checker) {
+    Record::describe(record, checker);
+};
 
 /// The objects of one kind. A record type names its public class as `Handle` and its `kType`, or
 /// has `type()` and `construct(void*)` where one table holds several public classes.
@@ -193,8 +196,9 @@ public:
 
     bool check(RecordChecker& checker) const override {
         if constexpr (StoredRecord<Record>)
-            for (std::uint32_t slot = 0; slot < slots(); ++slot)
-                Record::describe((*this)[slot], checker);
+            for (const std::span<const std::byte> bytes : recordBytes())
+                for (const Record& record : recordsIn(bytes))
+                    Record::describe(record, checker);
         return checker.passed();
     }
 
@@ -215,11 +219,20 @@ public:
     }
 
 protected:
-    oaObject* construct(std::uint32_t slot, void* where) const override {
-        if constexpr (requires(const Record& record) { record.construct(where); })
-            return (*this)[slot].construct(where);
-        else
-            return Handles::construct<typename Record::Handle>(where);
+    void construct(Slab& slab) const override {
+        const auto* records = reinterpret_cast<const Record*>(slab.records);
+        for (; slab.made < slab.used; ++slab.made) {
+            void* where = slab.handles + slab.made;
+            if constexpr (requires(const Record& record) { record.construct(where); })
+                records[slab.made].construct(where);
+            else
+                Handles::construct<typename Record::Handle>(where);
+        }
+    }
+
+private:
+    static std::span<const Record> recordsIn(std::span<const std::byte> bytes) {
+        return {reinterpret_cast<const Record*>(bytes.data()), bytes.size() / sizeof(Record)};
     }
 };
 

@@ -43,9 +43,17 @@ oaBlock* blockOf(const oaDesign* design) {
 } // namespace
 
 void oaFig::getBBox(oaBox& bBox) const {
+    const std::uint32_t kind = tableOf(this).id().kind;
+    if (kind == kRectKind) { // most figures are rectangles
+        bBox = recordOf<RectRecord>(this).box;
+        return;
+    }
     DesignDatabase& database = designDatabaseOf(this);
-    bBox = isInstance(this) ? database.instances.boxOf(slotOf(this))
-                            : database.shapes.boxOf(tableOf(this), slotOf(this));
+    if (isInstance(this))
+        bBox = database.instances.boxOf(slotOf(this));
+    else
+        bBox = withShapeRecord(
+            kind, [&]<class Record>() { return boxOf(database, recordOf<Record>(this)); });
 }
 
 oaBoolean oaFig::overlaps(const oaBox& box) const {

@@ -43,9 +43,8 @@ oaPath* oaPath::create(oaBlock* block, oaLayerNum layerNum, oaPurposeNum purpose
                        const oaPointArray& points, oaPathStyle style, oaDist beginExt,
                        oaDist endExt) {
     requirePath(points);
-    return addShape(block, layerNum, purposeNum,
-                    PathRecord{edited(block).points.add(spanOf(points)), width,
-                               std::uint32_t(style), beginExt, endExt});
+    return addOutline<PathRecord>(block, layerNum, purposeNum, points, width, std::uint32_t(style),
+                                  beginExt, endExt);
 }
 
 oaDist oaPath::getWidth() const {
@@ -104,9 +103,8 @@ void oaPath::setEndExt(oaDist endExt) {
 void oaPath::setPoints(const oaPointArray& points) {
     requirePath(points);
     DesignDatabase& database = designDatabaseOf(this);
-    changeShape<PathRecord>(this, [&](PathRecord& path) {
-        path.points = database.points.add(spanOf(points));
-    });
+    changeShape<PathRecord>(
+        this, [&](PathRecord& path) { path.points = database.points.add(spanOf(points)); });
     database.noteGarbage();
 }
 

@@ -37,9 +37,8 @@ void copyPoints(const oaObject* shape, oaPointArray& points) {
 template <class Record>
 void changePoints(oaObject* shape, const oaPointArray& points) {
     DesignDatabase& database = designDatabaseOf(shape);
-    changeShape<Record>(shape, [&](Record& record) {
-        record.points = database.points.add(spanOf(points));
-    });
+    changeShape<Record>(
+        shape, [&](Record& record) { record.points = database.points.add(spanOf(points)); });
     database.noteGarbage();
 }
 
@@ -66,8 +65,7 @@ oaPolygon* oaRect::convertToPolygon() {
 oaPolygon* oaPolygon::create(oaBlock* block, oaLayerNum layerNum, oaPurposeNum purposeNum,
                              const oaPointArray& points) {
     requirePolygon(points);
-    return addShape(block, layerNum, purposeNum,
-                    PolygonRecord{edited(block).points.add(spanOf(points))});
+    return addOutline<PolygonRecord>(block, layerNum, purposeNum, points);
 }
 
 oaUInt4 oaPolygon::getNumPoints() const {
@@ -102,8 +100,7 @@ oaRect* oaPolygon::convertToRect() {
 oaLine* oaLine::create(oaBlock* block, oaLayerNum layerNum, oaPurposeNum purposeNum,
                        const oaPointArray& points) {
     requireLine(points);
-    return addShape(block, layerNum, purposeNum,
-                    LineRecord{edited(block).points.add(spanOf(points))});
+    return addOutline<LineRecord>(block, layerNum, purposeNum, points);
 }
 
 oaUInt4 oaLine::getNumPoints() const {

@@ -10,6 +10,9 @@
 /// What the public shape classes share.
 namespace OpenAccess_4::impl {
 
+/// The points of a shape as a client gave them.
+std::span<const oaPoint> spanOf(const oaPointArray& points);
+
 /// Adds a shape to a block, which must be editable.
 template <class Record>
 typename Record::Handle* addShape(oaBlock* block, oaLayerNum layer, oaPurposeNum purpose,
@@ -23,6 +26,17 @@ inline DesignDatabase& edited(const oaObject* object) {
     DesignDatabase& database = designDatabaseOf(object);
     database.edit();
     return database;
+}
+
+/// Adds a shape of type `Record` that begins with `points`, which are put near those of the other
+/// shapes of its pair; `rest` are its other fields.
+template <class Record, class... Rest>
+typename Record::Handle* addOutline(oaBlock* block, oaLayerNum layer, oaPurposeNum purpose,
+                                    const oaPointArray& points, Rest... rest) {
+    DesignDatabase& database = edited(block);
+    const std::uint32_t pair = database.shapes.pair(layer, purpose);
+    const Record record{database.points.add(spanOf(points), pair), rest...};
+    return static_cast<typename Record::Handle*>(database.shapes.add(pair, record));
 }
 
 /// Lets `change` set fields of a shape's record that its bounding box follows.
@@ -51,12 +65,8 @@ typename Record::Handle* replaceShape(oaObject* old, const Record& record) {
     return static_cast<typename Record::Handle*>(shape);
 }
 
-
 /// Copies the properties of an object, with the properties that they have.
 void copyProperties(const oaObject* from, oaObject* to);
-
-/// The points of a shape as a client gave them.
-std::span<const oaPoint> spanOf(const oaPointArray& points);
 
 /// The number of points, not counting those that repeat their predecessor.
 oaUInt4 countDifferent(const oaPointArray& points);

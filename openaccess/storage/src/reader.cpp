@@ -142,17 +142,20 @@ private:
         if (section.recordSize != sizeof(Element) || !elements.empty())
             damaged("has a section of a wrong shape");
         elements.resize(std::size_t(section.count));
-        readBytes(std::as_writable_bytes(std::span(elements)));
-        if (hashBytes(elements.data(), std::size_t(section.bytes)) != section.checksum)
-            damaged("has a damaged section");
+        readWhole(section, std::as_writable_bytes(std::span(elements)));
     }
 
     void readPoints(const SectionEntry& section) {
-        if (!database_.points.all().empty())
-            damaged("has a section twice");
-        std::vector<oaPoint> points;
-        readArray(section, points);
-        database_.points = PointPool(std::move(points));
+        if (section.recordSize != sizeof(oaPoint) || !database_.points.all().empty())
+            damaged("has a section of a wrong shape");
+        const auto points = database_.points.makeRoom(std::size_t(section.count));
+        readWhole(section, std::as_writable_bytes(points));
+    }
+
+    void readWhole(const SectionEntry& section, std::span<std::byte> bytes) {
+        readBytes(bytes);
+        if (hashBytes(bytes.data(), bytes.size()) != section.checksum)
+            damaged("has a damaged section");
     }
 
     void readTable(const SectionEntry& section) {
@@ -171,8 +174,7 @@ private:
             damaged("has a table that cannot be");
         TableBase* table = database_.table(section.number);
         if (!table && section.number >= kFirstVariableTable)
-            table = database_.makeVariableTable(
-                {section.number, section.kind, section.parameter});
+            table = database_.makeVariableTable({section.number, section.kind, section.parameter});
         if (!table || table->id().kind != section.kind || section.kind == kTransientKind ||
             table->recordSize() != section.recordSize || table->slots() != 0)
             damaged("has a table that is not known");

@@ -30,12 +30,12 @@ public:
     }
 
     template <class Element>
-    void add(std::uint32_t kind, const std::vector<Element>& elements) {
+    void add(std::uint32_t kind, std::span<const Element> elements) {
         SectionEntry entry;
         entry.kind = kind;
         entry.recordSize = sizeof(Element);
         entry.count = elements.size();
-        add(entry, {std::as_bytes(std::span(elements))});
+        add(entry, {std::as_bytes(elements)});
     }
 
     void place() {
@@ -108,17 +108,16 @@ void forEachStored(const Database& database, Visit visit) {
 }
 
 void addPools(Layout& layout, const StringPool& strings, const PointPool& points) {
-    layout.add(kStringsSection, strings.bytes());
-    layout.add(kStringStartsSection, strings.starts());
+    layout.add(kStringsSection, std::span(strings.bytes()));
+    layout.add(kStringStartsSection, std::span(strings.starts()));
     layout.add(kPointsSection, points.all());
 }
 
 void writeAsItLies(platform::AtomicFile& file, DatabaseFileKind kind, const Database& database) {
     Layout layout;
     addPools(layout, database.strings, database.points);
-    forEachStored(database, [&](const TableBase& table) {
-        layout.add(entryOf(table), table.recordBytes());
-    });
+    forEachStored(database,
+                  [&](const TableBase& table) { layout.add(entryOf(table), table.recordBytes()); });
     layout.place();
     layout.write(file, kind);
 }
