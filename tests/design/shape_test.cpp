@@ -22,8 +22,8 @@ protected:
 
 TEST_F(ShapeTest, RectanglesNeedAnArea) {
     EXPECT_EQ(boxText(rect(oaBox(-5, -6, 7, 8))), "-5 -6 7 8");
-    for (const oaBox& box : {oaBox(0, 0, 0, 10), oaBox(0, 0, 10, 0), oaBox(10, 0, 0, 10),
-                             oaBox(0, 0, 160, -40)})
+    for (const oaBox& box :
+         {oaBox(0, 0, 0, 10), oaBox(0, 0, 10, 0), oaBox(10, 0, 0, 10), oaBox(0, 0, 160, -40)})
         EXPECT_EQ(thrownBy([&] { rect(box); }), oacRectBBoxInvalid) << spelled(box);
     EXPECT_EQ(messageOf([&] { rect(oaBox(0, 0, 160, -40)); }),
               "The box (0 0) (160 -40) of a rectangle is inverted or has no area.");
@@ -49,19 +49,29 @@ TEST_F(ShapeTest, PolygonsNeedThreePointsAndNoExtraOnes) {
     EXPECT_EQ(boxText(triangle), "0 0 10 10");
 
     EXPECT_EQ(thrownBy([&] { make({{0, 0}, {10, 0}}); }), oacPolygonTooFewPoints);
-    EXPECT_EQ(messageOf([&] { make({{0, 0}, {10, 0}}); }),
+    EXPECT_EQ(messageOf([&] {
+                  make({{0, 0}, {10, 0}});
+              }),
               "A polygon needs at least 3 points, 2 given.");
-    EXPECT_EQ(thrownBy([&] { make({{0, 0}, {5, 0}, {10, 0}, {0, 10}}); }),
+    EXPECT_EQ(thrownBy([&] {
+                  make({{0, 0}, {5, 0}, {10, 0}, {0, 10}});
+              }),
               oacPolygonHasExtraPoints);
-    EXPECT_EQ(thrownBy([&] { make({{0, 0}, {10, 0}, {0, 10}, {0, 0}}); }),
+    EXPECT_EQ(thrownBy([&] {
+                  make({{0, 0}, {10, 0}, {0, 10}, {0, 0}});
+              }),
               oacPolygonHasExtraPoints);
-    EXPECT_EQ(messageOf([&] { make({{0, 0}, {10, 0}, {10, 0}, {0, 10}}); }),
+    EXPECT_EQ(messageOf([&] {
+                  make({{0, 0}, {10, 0}, {10, 0}, {0, 10}});
+              }),
               "The polygon has collinear, repeated or closing points.");
 
     triangle->setPoints(points({{0, 0}, {20, 0}, {20, 5}, {0, 5}}));
     EXPECT_TRUE(triangle->isOrthogonal());
     EXPECT_EQ(boxText(triangle), "0 0 20 5");
-    EXPECT_EQ(thrownBy([&] { triangle->setPoints(points({{0, 0}, {1, 1}})); }),
+    EXPECT_EQ(thrownBy([&] {
+                  triangle->setPoints(points({{0, 0}, {1, 1}}));
+              }),
               oacPolygonTooFewPoints);
     EXPECT_EQ(boxText(triangle), "0 0 20 5");
 }
@@ -77,7 +87,9 @@ TEST_F(ShapeTest, LinesNeedTwoDifferentPoints) {
     EXPECT_EQ(line->getNumPoints(), 3u);
     EXPECT_EQ(boxText(line), "0 -5 10 0");
     EXPECT_EQ(thrownBy([&] { make({{0, 0}}); }), oacLineTooFewPoints);
-    EXPECT_EQ(messageOf([&] { make({{4, 4}, {4, 4}}); }),
+    EXPECT_EQ(messageOf([&] {
+                  make({{4, 4}, {4, 4}});
+              }),
               "A line needs at least 2 points, 1 given.");
     line->setPoints(points({{1, 1}, {2, 3}}));
     EXPECT_EQ(boxText(line), "1 1 2 3");
@@ -107,7 +119,9 @@ TEST_F(ShapeTest, PathsReachAsFarAsWidthAndStyleSay) {
     EXPECT_EQ(path->getEndExt(), 3u);
     EXPECT_EQ(path->getNumPoints(), 3u);
     EXPECT_TRUE(path->isOrthogonal());
-    EXPECT_EQ(messageOf([&] { path->setPoints(points({{1, 1}})); }),
+    EXPECT_EQ(messageOf([&] {
+                  path->setPoints(points({{1, 1}}));
+              }),
               "A path needs at least 2 points, 1 given.");
     EXPECT_EQ(thrownBy([&] {
                   oaPath::create(block, kLayer, kPurpose, 4, points({{1, 1}, {1, 1}}));
@@ -287,8 +301,8 @@ TEST_F(ShapeTest, MovingAndCopyingTurnsEveryKind) {
     oaPath* path = oaPath::create(block, kLayer, kPurpose, 4, points({{0, 0}, {20, 0}}));
     EXPECT_EQ(boxText(path->copy(turn)), "98 0 102 20");
     EXPECT_EQ(boxText(path), "0 -2 20 2");
-    oaArc* arc = oaArc::create(block, kLayer, kPurpose, oaBox(-20, -10, 20, 10), 0,
-                               std::numbers::pi / 2);
+    oaArc* arc =
+        oaArc::create(block, kLayer, kPurpose, oaBox(-20, -10, 20, 10), 0, std::numbers::pi / 2);
     EXPECT_EQ(boxText(arc), "0 0 20 10");
     EXPECT_EQ(boxText(arc->copy(turn)), "90 0 100 20");
     EXPECT_EQ(boxText(arc->copy(oaTransform(oacMY))), "-20 0 0 10");
@@ -397,10 +411,8 @@ TEST_F(ShapeTest, EveryChangeIsRefusedInADesignOpenForReading) {
     oaIter<oaShape> shapes(block->getShapes());
     while (oaShape* shape = shapes.getNext()) {
         EXPECT_EQ(thrownBy([&] { shape->destroy(); }), oacCannotModifyReadModeDesign);
-        EXPECT_EQ(thrownBy([&] { shape->move(oaTransform(1, 1)); }),
-                  oacCannotModifyReadModeDesign);
-        EXPECT_EQ(thrownBy([&] { shape->copy(oaTransform(1, 1)); }),
-                  oacCannotModifyReadModeDesign);
+        EXPECT_EQ(thrownBy([&] { shape->move(oaTransform(1, 1)); }), oacCannotModifyReadModeDesign);
+        EXPECT_EQ(thrownBy([&] { shape->copy(oaTransform(1, 1)); }), oacCannotModifyReadModeDesign);
         EXPECT_EQ(thrownBy([&] { shape->setLPP(9, 9); }), oacCannotModifyReadModeDesign);
         EXPECT_EQ(thrownBy([&] { oaIntProp::create(shape, "p", 1); }),
                   oacCannotModifyReadModeDesign);

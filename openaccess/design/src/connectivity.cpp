@@ -7,10 +7,16 @@ namespace OpenAccess_4::impl {
 Connectivity::Connectivity(DesignDatabase& database)
     : nets(database.addTable<NetRecord>(kNetTable)),
       terms(database.addTable<TermRecord>(kTermTable)),
-      pins(database.addTable<PinRecord>(kPinTable)), netNames(database, nets),
-      termNames(database, terms), termPositions(terms), pinNames(pins), netTerms(terms),
-      termPins(pins), netFigs(database.addTable<FigNetRecord>(kFigNetTable)),
-      pinFigs(database.addTable<FigPinRecord>(kFigPinTable)), database_(database) {}
+      pins(database.addTable<PinRecord>(kPinTable)),
+      netNames(database, nets),
+      termNames(database, terms),
+      termPositions(terms),
+      pinNames(pins),
+      netTerms(terms),
+      termPins(pins),
+      netFigs(database.addTable<FigNetRecord>(kFigNetTable)),
+      pinFigs(database.addTable<FigPinRecord>(kFigPinTable)),
+      database_(database) {}
 
 void Connectivity::destroyNet(std::uint32_t slot) {
     for (const std::uint32_t term : netTerms.of(slot))

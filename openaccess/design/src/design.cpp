@@ -46,8 +46,7 @@ void oaDesign::destroy(const oaScalarName& libName, const oaScalarName& cellName
 }
 
 oaCollection<oaDesign, oaDesign> oaDesign::getOpenDesigns() {
-    return collectionOf<oaCollection<oaDesign, oaDesign>>(
-        std::vector<TableBase*>{&openDesigns()});
+    return collectionOf<oaCollection<oaDesign, oaDesign>>(std::vector<TableBase*>{&openDesigns()});
 }
 
 void oaDesign::save() {

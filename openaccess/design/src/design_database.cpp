@@ -11,9 +11,13 @@
 namespace OpenAccess_4::impl {
 
 DesignDatabase::DesignDatabase(std::uint32_t slot)
-    : slot_(slot), info_(addTable<DesignInfoRecord>(kDesignInfoTable)),
-      blocks(addTable<BlockRecord>(kBlockTable)), shapes(*this), connectivity(*this),
-      instances(*this), pcell(*this) {}
+    : slot_(slot),
+      info_(addTable<DesignInfoRecord>(kDesignInfoTable)),
+      blocks(addTable<BlockRecord>(kBlockTable)),
+      shapes(*this),
+      connectivity(*this),
+      instances(*this),
+      pcell(*this) {}
 
 std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(std::uint32_t slot) {
     auto database = std::make_unique<DesignDatabase>(slot);
@@ -85,9 +89,8 @@ void DesignDatabase::destroyBlock() {
     instances.insts.forEach([&](std::uint32_t slot, const InstRecord&) {
         destroyFig({kInstTable, slot});
     });
-    connectivity.nets.forEach([&](std::uint32_t slot, const NetRecord&) {
-        connectivity.destroyNet(slot);
-    });
+    connectivity.nets.forEach(
+        [&](std::uint32_t slot, const NetRecord&) { connectivity.destroyNet(slot); });
     const std::uint32_t slot = slotOf(block());
     forgetAttachments({kBlockTable, slot});
     blocks.destroy(slot);
@@ -104,9 +107,8 @@ void DesignDatabase::destroyFig(const ObjectRef& fig) {
     TableBase& table = *this->table(fig.table);
     shapes.forget(fig);
     shapes.shrink(table, fig.slot);
-    withShapeRecord(table.id().kind, [&]<class Record>() {
-        static_cast<Table<Record>&>(table).destroy(fig.slot);
-    });
+    withShapeRecord(table.id().kind,
+                    [&]<class Record>() { static_cast<Table<Record>&>(table).destroy(fig.slot); });
 }
 
 std::vector<ObjectRef> DesignDatabase::displaysOf(const ObjectRef& object) {
@@ -128,14 +130,8 @@ std::vector<ObjectRef> DesignDatabase::displaysOf(const ObjectRef& object) {
 
 oaBox DesignDatabase::extent() {
     oaBox box = shapes.extent();
-    if (measuring_)
-        return box;
-    struct Guard {
-        bool& flag;
-        explicit Guard(bool& measuring) : flag(measuring) { flag = true; }
-        ~Guard() { flag = false; }
-    } guard(measuring_);
-    enlarge(box, instances.extent());
+    if (!measuring)
+        enlarge(box, instances.extent());
     return box;
 }
 

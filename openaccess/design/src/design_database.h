@@ -54,7 +54,6 @@ private:
 
     std::uint32_t slot_;
     Table<DesignInfoRecord>& info_;
-    bool measuring_ = false; // guards against a design that holds itself
 
 public:
     Table<BlockRecord>& blocks;
@@ -62,6 +61,9 @@ public:
     Connectivity connectivity;
     Instances instances;
     PcellMaster pcell;
+
+    /// While the instances of the block are being measured: one of them may lead back to it.
+    bool measuring = false;
 };
 
 /// The database of a design, or of one of its objects.

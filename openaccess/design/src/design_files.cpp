@@ -59,8 +59,14 @@ oaLib* libraryOf(const DesignNames& names) {
 
 void requireDesignType(const oaViewType* viewType) {
     if (!isDesignType(viewType))
-        throw oaDesignError(oacInvalidDesignViewType,
-                            static_cast<const oaChar*>(nameOf(viewType)));
+        throw oaDesignError(oacInvalidDesignViewType, static_cast<const oaChar*>(nameOf(viewType)));
+}
+
+void requireSameType(const DesignNames& names, const oaViewType* actual, const oaViewType* wanted) {
+    if (actual != wanted)
+        throw oaDesignError(oacMismatchViewTypeForOpen, names.lib.c_str(), names.cell.c_str(),
+                            names.view.c_str(), static_cast<const oaChar*>(nameOf(actual)),
+                            static_cast<const oaChar*>(nameOf(wanted)));
 }
 
 oaCellView* findCellView(const oaLib* lib, const DesignNames& names) {
@@ -73,10 +79,8 @@ const oaViewType* viewTypeFor(const oaLib* lib, const DesignNames& names,
         requireDesignType(wanted);
     if (const oaCellView* cellView = findCellView(lib, names)) {
         const oaViewType* viewType = cellView->getView()->getViewType();
-        if (wanted && wanted != viewType)
-            throw oaDesignError(oacMismatchViewTypeForOpen, names.lib.c_str(), names.cell.c_str(),
-                                names.view.c_str(), static_cast<const oaChar*>(nameOf(viewType)),
-                                static_cast<const oaChar*>(nameOf(wanted)));
+        if (wanted)
+            requireSameType(names, viewType, wanted);
         requireDesignType(viewType);
         return viewType;
     }

@@ -24,14 +24,16 @@ oaLib* libraryOf(const DesignNames& names);
 /// @throws oaDesignError  oacInvalidDesignViewType: it is none of the five types of designs
 void requireDesignType(const oaViewType* viewType);
 
+/// @throws oaDesignError  oacMismatchViewTypeForOpen
+void requireSameType(const DesignNames& names, const oaViewType* actual, const oaViewType* wanted);
+
 /// The cell view of a design, or null. The caller holds read access.
 oaCellView* findCellView(const oaLib* lib, const DesignNames& names);
 
 /// The view type of a design to open: that of its cell view, which must be `wanted` if that is
 /// given; else `wanted`; else the type that the name of the view tells. The caller holds access.
 /// @throws oaDesignError  oacInvalidDesignViewType, oacMismatchViewTypeForOpen
-const oaViewType* viewTypeFor(const oaLib* lib, const DesignNames& names,
-                              const oaViewType* wanted);
+const oaViewType* viewTypeFor(const oaLib* lib, const DesignNames& names, const oaViewType* wanted);
 
 DesignPlace makePlace(const oaLib* lib, const DesignNames& names, const oaViewType* viewType);
 

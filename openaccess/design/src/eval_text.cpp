@@ -51,8 +51,9 @@ oaEvalTextLink* oaEvalTextLink::create(IEvalText* evaluator) {
 }
 
 oaEvalTextLink* oaEvalTextLink::find(const oaString& name) {
-    const auto found = std::find_if(links().begin(), links().end(),
-                                    [&](const oaEvalTextLink* link) { return link->name_ == name; });
+    const auto found =
+        std::find_if(links().begin(), links().end(),
+                     [&](const oaEvalTextLink* link) { return link->name_ == name; });
     return found == links().end() ? nullptr : *found;
 }
 
@@ -89,10 +90,9 @@ oaEvalText* oaEvalText::create(oaBlock* block, oaLayerNum layerNum, oaPurposeNum
                           std::uint8_t(orient),
                           std::uint8_t(font),
                           textFlags(overbar, visible, drafting)};
-    return addShape(
-        block, layerNum, purposeNum,
-        EvalTextRecord{style, database.strings.intern(static_cast<const oaChar*>(text)),
-                       database.strings.intern(static_cast<const oaChar*>(linkName))});
+    return addShape(block, layerNum, purposeNum,
+                    EvalTextRecord{style, database.strings.intern(static_cast<const oaChar*>(text)),
+                                   database.strings.intern(static_cast<const oaChar*>(linkName))});
 }
 
 void oaEvalText::getText(oaString& text) const {

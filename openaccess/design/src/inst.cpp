@@ -60,8 +60,7 @@ oaFig* copyInst(const oaObject* inst, const oaTransform& xform, DesignDatabase& 
     record.name = to.strings.intern(to.instances.names.automaticName("I__"));
     oaParamArray params;
     static_cast<const oaInst*>(inst)->getParams(params);
-    auto* copy =
-        static_cast<oaInst*>(to.instances.insts.handle(to.instances.insts.add(record)));
+    auto* copy = static_cast<oaInst*>(to.instances.insts.handle(to.instances.insts.add(record)));
     moveInst(copy, xform);
     to.instances.setParams(slotOf(copy), params);
     return copy;
@@ -193,8 +192,7 @@ void oaInst::setMaster(const oaDesign* master) {
 void oaInst::setMaster(const oaScalarName& libName, const oaScalarName& cellName,
                        const oaScalarName& viewName) {
     Instances& instances = edited(this).instances;
-    recordOf<InstRecord>(this).master =
-        instances.master(designNames(libName, cellName, viewName));
+    recordOf<InstRecord>(this).master = instances.master(designNames(libName, cellName, viewName));
 }
 
 namespace {
@@ -310,8 +308,8 @@ oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
                                    const oaScalarName& name, const oaTransform& xform,
                                    const oaParamArray* params, oaBlockDomainVisibility view,
                                    oaPlacementStatus status) {
-    NewInst inst{block,  designNames(libName, cellName, viewName), nullptr, xform, params,
-                 status, {}};
+    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
+                 {}};
     return static_cast<oaScalarInst*>(
         createInst(visible(std::move(inst), view), internalName(name)));
 }
@@ -320,8 +318,8 @@ oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
                                    const oaScalarName& cellName, const oaScalarName& viewName,
                                    const oaTransform& xform, const oaParamArray* params,
                                    oaBlockDomainVisibility view, oaPlacementStatus status) {
-    NewInst inst{block,  designNames(libName, cellName, viewName), nullptr, xform, params,
-                 status, {}};
+    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
+                 {}};
     return static_cast<oaScalarInst*>(createInst(visible(std::move(inst), view)));
 }
 
@@ -345,9 +343,9 @@ oaArrayInst* oaArrayInst::create(oaBlock* block, oaDesign* master, const oaScala
                                  const oaTransform& xform, oaOffset dX, oaOffset dY,
                                  oaUInt4 numRows, oaUInt4 numCols, const oaParamArray* params,
                                  oaPlacementStatus status) {
-    return static_cast<oaArrayInst*>(createInst(
-        array(masterOf(block, master, xform, params, status), dX, dY, numRows, numCols),
-        internalName(name)));
+    return static_cast<oaArrayInst*>(
+        createInst(array(masterOf(block, master, xform, params, status), dX, dY, numRows, numCols),
+                   internalName(name)));
 }
 
 oaArrayInst* oaArrayInst::create(oaBlock* block, oaDesign* master, const oaTransform& xform,
@@ -362,8 +360,8 @@ oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
                                  const oaScalarName& name, const oaTransform& xform, oaOffset dX,
                                  oaOffset dY, oaUInt4 numRows, oaUInt4 numCols,
                                  const oaParamArray* params, oaPlacementStatus status) {
-    NewInst inst{block,  designNames(libName, cellName, viewName), nullptr, xform, params,
-                 status, {}};
+    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
+                 {}};
     return static_cast<oaArrayInst*>(
         createInst(array(std::move(inst), dX, dY, numRows, numCols), internalName(name)));
 }
@@ -373,10 +371,9 @@ oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
                                  const oaTransform& xform, oaOffset dX, oaOffset dY,
                                  oaUInt4 numRows, oaUInt4 numCols, const oaParamArray* params,
                                  oaPlacementStatus status) {
-    NewInst inst{block,  designNames(libName, cellName, viewName), nullptr, xform, params,
-                 status, {}};
-    return static_cast<oaArrayInst*>(
-        createInst(array(std::move(inst), dX, dY, numRows, numCols)));
+    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
+                 {}};
+    return static_cast<oaArrayInst*>(createInst(array(std::move(inst), dX, dY, numRows, numCols)));
 }
 
 oaArrayInst* oaArrayInst::find(const oaBlock* block, const oaScalarName& name) {

@@ -6,7 +6,26 @@
 #include "oa/oaInst.h"
 #include "oa/oaTransform.h"
 
+#include <utility>
+
 namespace OpenAccess_4::impl {
+
+namespace {
+
+/// Sets a flag for a scope.
+class Measuring {
+public:
+    explicit Measuring(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    Measuring(const Measuring&) = delete;
+    Measuring& operator=(const Measuring&) = delete;
+    ~Measuring() { flag_ = before_; }
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
 
 oaObject* InstRecord::construct(void* where) const {
     return isArray ? Handles::construct<oaArrayInst>(where)
@@ -16,8 +35,10 @@ oaObject* InstRecord::construct(void* where) const {
 Instances::Instances(DesignDatabase& database)
     : masters(database.addTable<MasterRecord>(kMasterTable)),
       insts(database.addTable<InstRecord>(kInstTable)),
-      params(database.addTable<InstParamRecord>(kInstParamTable)), names(database, insts),
-      instParams(params), database_(database) {}
+      params(database.addTable<InstParamRecord>(kInstParamTable)),
+      names(database, insts),
+      instParams(params),
+      database_(database) {}
 
 std::uint32_t Instances::master(const DesignNames& design) {
     const std::array<StringId, 3> key = {database_.strings.intern(design.lib),
@@ -91,6 +112,7 @@ oaBox Instances::extent() {
 oaBox Instances::boxOfOne(std::uint32_t slot) {
     const InstRecord inst = insts[slot];
     const oaDesign* master = bind(inst.master);
+    const Measuring guard(database_.measuring);
     oaBox box = master ? designDatabaseOf(master).extent() : emptyBox();
     if (!box.isInverted())
         box.transform(oaTransform(inst.x, inst.y, oaOrientEnum(inst.orient)));

@@ -62,8 +62,8 @@ private:
 
     DesignDatabase& database_;
     std::map<std::array<StringId, 3>, std::uint32_t> masterSlots_;
-    std::uint32_t indexed_ = 0;     // masters that the map knows
-    std::vector<oaDesign*> bound_;  // by master; a closed design is no longer valid
+    std::uint32_t indexed_ = 0;    // masters that the map knows
+    std::vector<oaDesign*> bound_; // by master; a closed design is no longer valid
 };
 
 } // namespace OpenAccess_4::impl

@@ -42,7 +42,8 @@ oaBoolean oaLayerHeader::isBound() const {
 
 oaCollection<oaLPPHeader, oaLayerHeader> oaLayerHeader::getLPPHeaders() const {
     DesignDatabase& database = designDatabaseOf(this);
-    const auto& pairs = static_cast<const Table<LPPHeaderRecord>&>(*database.table(kLPPHeaderTable));
+    const auto& pairs =
+        static_cast<const Table<LPPHeaderRecord>&>(*database.table(kLPPHeaderTable));
     std::vector<oaObject*> used;
     for (std::uint32_t slot = 0; slot < pairs.slots(); ++slot)
         if (pairs[slot].layerHeader == slotOf(this) && database.shapes.isPairUsed(slot))
@@ -50,8 +51,7 @@ oaCollection<oaLPPHeader, oaLayerHeader> oaLayerHeader::getLPPHeaders() const {
     return collectionOf<oaCollection<oaLPPHeader, oaLayerHeader>>(std::move(used));
 }
 
-oaLPPHeader* oaLPPHeader::find(const oaBlock* block, oaLayerNum layerNum,
-                               oaPurposeNum purposeNum) {
+oaLPPHeader* oaLPPHeader::find(const oaBlock* block, oaLayerNum layerNum, oaPurposeNum purposeNum) {
     DesignDatabase& database = designDatabaseOf(block);
     const std::uint32_t slot = database.shapes.findPair(layerNum, purposeNum);
     if (slot == kNone || !database.shapes.isPairUsed(slot))

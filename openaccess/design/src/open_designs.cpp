@@ -144,7 +144,7 @@ oaDesign* openForEditing(OpenDesignRecord design, const oaViewType* wanted, oaCh
 oaDesign* openAgain(oaDesign* open, const oaViewType* wanted, oaChar mode) {
     OpenDesignRecord& design = recordOf<OpenDesignRecord>(open);
     if (wanted)
-        viewTypeFor(design.lib, design.names, wanted);
+        requireSameType(design.names, design.viewType, wanted);
     if (mode == 'w' || (mode == 'a' && design.mode == 'r'))
         changeMode(design, slotOf(open), mode);
     ++design.openings;

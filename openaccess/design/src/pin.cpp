@@ -18,8 +18,8 @@ std::uint32_t findPin(DesignDatabase& database, std::uint32_t term, std::string_
 
 void requireFreeName(DesignDatabase& database, std::uint32_t term, const char* name) {
     if (findPin(database, term, name) != kNone)
-        throw oaDesignError(
-            oacPinExists, database.strings.chars(database.connectivity.terms[term].name), name);
+        throw oaDesignError(oacPinExists,
+                            database.strings.chars(database.connectivity.terms[term].name), name);
 }
 
 oaPin* createPin(oaTerm* term, const char* name, oaUInt4 accessDir) {

@@ -179,8 +179,8 @@ oaPolygon* oaDonut::convertToPolygon(oaUInt4 numSides) {
     return replaceByPolygon(this, points);
 }
 
-void oaDonut::genBoundary(const oaPoint& center, oaDist radius, oaDist holeRadius,
-                          oaUInt4 numSides, oaPointArray& boundary) {
+void oaDonut::genBoundary(const oaPoint& center, oaDist radius, oaDist holeRadius, oaUInt4 numSides,
+                          oaPointArray& boundary) {
     std::vector<oaPoint> points = ellipsePoints(squareAround(center, radius), numSides);
     if (holeRadius > 0 && !points.empty()) {
         // Around the disc and back to its first point, then the other way around the hole.

@@ -133,8 +133,8 @@ oaBox boxOf(const DesignDatabase& database, const LineRecord& line) {
 
 oaBox boxOf(const DesignDatabase& database, const PathRecord& path) {
     const auto points = database.points.get(path.points);
-    const auto outline = pathOutline(points, path.width, oaPathStyleEnum(path.style), path.beginExt,
-                                     path.endExt);
+    const auto outline =
+        pathOutline(points, path.width, oaPathStyleEnum(path.style), path.beginExt, path.endExt);
     return outline.empty() ? boxAround(points) : boxAround(outline);
 }
 

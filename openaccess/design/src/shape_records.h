@@ -210,7 +210,8 @@ struct TextRecord {
 
 struct EvalTextRecord {
     TextStyle style;
-    StringId text = 0; // the expression; at the same place as in TextRecord, its base class's record
+    StringId text =
+        0; // the expression; at the same place as in TextRecord, its base class's record
     StringId link = 0; // the evaluator's name
 
     using Handle = oaEvalText;

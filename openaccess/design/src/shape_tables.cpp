@@ -20,7 +20,8 @@ bool touchesEdge(const oaBox& inner, const oaBox& outer) {
 } // namespace
 
 ShapeTables::ShapeTables(DesignDatabase& database)
-    : database_(database), layers_(database.addTable<LayerHeaderRecord>(kLayerHeaderTable)),
+    : database_(database),
+      layers_(database.addTable<LayerHeaderRecord>(kLayerHeaderTable)),
       pairs_(database.addTable<LPPHeaderRecord>(kLPPHeaderTable)),
       moved_(database.addTable<MovedShapeRecord>(kMovedShapeTable)) {}
 
@@ -181,9 +182,8 @@ TableBase& ShapeTables::tableOf(std::uint32_t pair, std::uint32_t kind) {
 }
 
 TableBase* ShapeTables::addTable(const TableId& id) {
-    TableBase* table = withShapeRecord(id.kind, [&]<class Record>() -> TableBase* {
-        return &database_.addTable<Record>(id);
-    });
+    TableBase* table = withShapeRecord(
+        id.kind, [&]<class Record>() -> TableBase* { return &database_.addTable<Record>(id); });
     if (id.kind == kPropDisplayKind || id.kind == kAttrDisplayKind)
         displayTables_.push_back(table);
     return table;

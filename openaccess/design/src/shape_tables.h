@@ -103,7 +103,7 @@ private:
     std::map<std::pair<oaLayerNum, oaPurposeNum>, std::uint32_t> pairSlots_;
     std::vector<std::array<TableBase*, kShapeKinds>> tables_; // by pair and kind
     std::vector<TableBase*> displayTables_;
-    std::vector<Extent> extents_; // by table
+    std::vector<Extent> extents_;    // by table
     std::uint32_t lastPair_ = kNone; // neighbouring shapes tend to lie on one pair
 };
 

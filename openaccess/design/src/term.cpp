@@ -72,11 +72,10 @@ oaTerm* oaTerm::find(const oaBlock* block, oaUInt4 position) {
 
 oaUInt4 oaTerm::getMaxPosition(const oaBlock* block) {
     oaUInt4 last = oacNullIndex;
-    designDatabaseOf(block).connectivity.terms.forEach(
-        [&](std::uint32_t, const TermRecord& term) {
-            if (term.position != kNone && (last == oacNullIndex || term.position > last))
-                last = term.position;
-        });
+    designDatabaseOf(block).connectivity.terms.forEach([&](std::uint32_t, const TermRecord& term) {
+        if (term.position != kNone && (last == oacNullIndex || term.position > last))
+            last = term.position;
+    });
     return last;
 }
 

@@ -4,13 +4,21 @@
 
 /// Defines the members that oaText and oaTextDisplay have in common.
 #define OA_TEXT_STYLE_MEMBERS(Class)                                                               \
-    void Class::getOrigin(oaPoint& origin) const { origin = textStyleOf(this).origin; }            \
+    void Class::getOrigin(oaPoint& origin) const {                                                 \
+        origin = textStyleOf(this).origin;                                                         \
+    }                                                                                              \
     oaTextAlign Class::getAlignment() const {                                                      \
         return oaTextAlignEnum(textStyleOf(this).alignment);                                       \
     }                                                                                              \
-    oaOrient Class::getOrient() const { return oaOrientEnum(textStyleOf(this).orient); }           \
-    oaFont Class::getFont() const { return oaFontEnum(textStyleOf(this).font); }                   \
-    oaDist Class::getHeight() const { return textStyleOf(this).height; }                           \
+    oaOrient Class::getOrient() const {                                                            \
+        return oaOrientEnum(textStyleOf(this).orient);                                             \
+    }                                                                                              \
+    oaFont Class::getFont() const {                                                                \
+        return oaFontEnum(textStyleOf(this).font);                                                 \
+    }                                                                                              \
+    oaDist Class::getHeight() const {                                                              \
+        return textStyleOf(this).height;                                                           \
+    }                                                                                              \
     oaBoolean Class::hasOverbar() const {                                                          \
         return (textStyleOf(this).flags & TextStyle::kOverbar) != 0;                               \
     }                                                                                              \

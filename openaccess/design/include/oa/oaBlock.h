@@ -32,10 +32,10 @@ public:
     void setVisibleToModule();
 
     oaCollection<oaShape, oaBlock> getShapes() const;
-    oaCollection<oaNet, oaBlock>
-    getNets(oaUInt4 filterFlags = oacNetIterAll | oacNetIterNotImplicit) const;
-    oaCollection<oaTerm, oaBlock>
-    getTerms(oaUInt4 filterFlags = oacTermIterAllNotHidden | oacTermIterNotImplicit) const;
+    oaCollection<oaNet, oaBlock> getNets(oaUInt4 filterFlags = oacNetIterAll |
+                                                               oacNetIterNotImplicit) const;
+    oaCollection<oaTerm, oaBlock> getTerms(oaUInt4 filterFlags = oacTermIterAllNotHidden |
+                                                                 oacTermIterNotImplicit) const;
     oaCollection<oaPin, oaBlock> getPins() const;
     oaCollection<oaInst, oaBlock> getInsts(oaUInt4 filterFlags = oacInstIterNotImplicit) const;
 

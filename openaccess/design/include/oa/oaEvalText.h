@@ -43,9 +43,9 @@ public:
                               oaBoolean visible = true, oaBoolean drafting = true);
     static oaEvalText* create(oaBlock* block, oaLayerNum layerNum, oaPurposeNum purposeNum,
                               const oaString& text, const oaPoint& origin, oaTextAlign alignment,
-                              oaOrient orient, oaFont font, oaDist height,
-                              const oaString& linkName, oaBoolean overbar = false,
-                              oaBoolean visible = true, oaBoolean drafting = true);
+                              oaOrient orient, oaFont font, oaDist height, const oaString& linkName,
+                              oaBoolean overbar = false, oaBoolean visible = true,
+                              oaBoolean drafting = true);
 
     /// The text as evaluated; the expression itself while no evaluator is registered for it.
     void getText(oaString& text) const;

@@ -41,8 +41,8 @@ public:
     oaCollection<oaPin, oaNet> getPins() const;
     /// The shapes on the net itself (oacShapeIterNetOnly), those of its pins
     /// (oacShapeIterNetPins), or both.
-    oaCollection<oaShape, oaNet>
-    getShapes(oaUInt4 filterFlags = oacShapeIterNetOnly | oacShapeIterNetPins) const;
+    oaCollection<oaShape, oaNet> getShapes(oaUInt4 filterFlags = oacShapeIterNetOnly |
+                                                                 oacShapeIterNetPins) const;
 
     /// Destroys the net with its terminals and their pins. Its figures stay, on no net.
     void destroy();
