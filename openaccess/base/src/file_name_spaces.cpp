@@ -106,7 +106,7 @@ oaNameType oaUnixNS::getType(const oaChar* in) const {
 
 void oaUnixNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
                                  oaUInt4 len, oaUInt4) const {
-    requireText(in, len);
+    impl::requireText(in, len);
     const oaString spelled(in, len);
     oaString name;
     if (!readUnix(spelled, name))
@@ -126,7 +126,7 @@ oaNameType oaWinNS::getType(const oaChar* in) const {
 
 void oaWinNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
                                 oaUInt4 len, oaUInt4) const {
-    requireText(in, len);
+    impl::requireText(in, len);
     const oaString spelled(in, len);
     oaString name;
     if (!readWin(spelled, name))

@@ -1,5 +1,7 @@
 #include "base/src/name_chars.h"
 
+#include "oaException.h"
+
 namespace OpenAccess_4::impl {
 
 namespace {
@@ -36,6 +38,11 @@ bool isHexDigit(oaChar c) {
 
 bool isInternalNormalChar(oaByte c) {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+void requireText(const oaChar* in, oaUInt4 len) {
+    if (!in || !*in || len == 0)
+        throw oaError(oacInvalidNameInput);
 }
 
 } // namespace OpenAccess_4::impl

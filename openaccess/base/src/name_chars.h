@@ -8,8 +8,13 @@ namespace OpenAccess_4::impl {
 void writeChar(oaChar c, oaString& out, oaUInt4& loc);
 void encodeChar(oaByte c, oaString& out, oaUInt4& loc);
 oaByte decodeChar(const oaChar* twoHexDigits);
-bool isHexDigit(oaChar c);
 bool isInternalNormalChar(oaByte c);
+
+bool isHexDigit(oaChar c);
+
+/// Refuses a text that gives no name at all.
+/// @throws oaError  41: `in` is null or empty, or `len` is 0.
+void requireText(const oaChar* in, oaUInt4 len);
 
 /// Whether `in` starts with "#" and the two hexadecimal digits of a byte other than zero.
 inline bool isEncodedChar(const oaChar* in) {

@@ -50,17 +50,8 @@ oaByte oaNameSpace::decodeChar(const oaChar* twoHexDigits) {
     return impl::decodeChar(twoHexDigits);
 }
 
-oaBoolean oaNameSpace::isHexDigit(oaChar c) {
-    return impl::isHexDigit(c);
-}
-
 oaBoolean oaNameSpace::isInternalNormalChar(oaByte c) {
     return impl::isInternalNormalChar(c);
-}
-
-void oaNameSpace::requireText(const oaChar* in, oaUInt4 len) {
-    if (!in || !*in || len == 0)
-        throw oaError(oacInvalidNameInput);
 }
 
 namespace impl {
@@ -85,7 +76,7 @@ void ScalarNameSpace::getScalarName(const oaScalarName& in, oaString& out, oaUIn
 
 void oaNativeNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
                                    oaUInt4 len, oaUInt4) const {
-    requireText(in, len);
+    impl::requireText(in, len);
     out = oaString(in, len);
     caseSensitive = true;
 }
@@ -120,7 +111,7 @@ oaNameType oaCdbaNS::getType(const oaChar* in) const {
 
 void oaCdbaNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
                                  oaUInt4 len, oaUInt4) const {
-    requireText(in, len);
+    impl::requireText(in, len);
     const oaString spelled(in, len);
     oaUInt4 loc = 0;
     out = "";

@@ -51,13 +51,8 @@ protected:
     static void encodeChar(oaByte c, oaString& out, oaUInt4& loc);
     /// The byte that two hexadecimal digits of either case give.
     static oaByte decodeChar(const oaChar* twoHexDigits);
-    /// Whether it is a hexadecimal digit of either case.
-    static oaBoolean isHexDigit(oaChar c);
     /// Whether the byte is a letter, a digit or "_": it stands for itself in every name space.
     static oaBoolean isInternalNormalChar(oaByte c);
-    /// Refuses a text that gives no name at all.
-    /// @throws oaError  41: `in` is null or empty, or `len` is 0.
-    static void requireText(const oaChar* in, oaUInt4 len);
 };
 
 namespace impl {
