@@ -13,7 +13,8 @@ class Klayout {
 public:
     explicit Klayout(const ScratchDirectory& directory) : directory_(directory) {}
 
-    /// False when no program `klayout` (or the one that OVALIS_BENCH_KLAYOUT names) starts.
+    /// False when there is no program `klayout` on the search path, and none that
+    /// OVALIS_BENCH_KLAYOUT names; an empty name there means none.
     static bool isInstalled();
 
     /// Draws the content and writes it; `repetitions` seconds for each of the names "write_gds2",
