@@ -1,7 +1,5 @@
 #include <ovalis/pcell.h>
 
-#include <fstream>
-
 #include "support/files.h"
 #include "support/library_fixture.h"
 
@@ -29,15 +27,18 @@ protected:
 
 class Masters : public ovalis::test::LibraryTest {
 protected:
-    std::string itemDefinition(const std::string& cell) const {
-        return readText(filePath("lib") /
-                        std::filesystem::path(std::u8string(cell.begin(), cell.end())) /
-                        "itemdef.skr");
+    oa::oaDMFile* itemDefinitionFile(const std::string& cell) {
+        const oa::oaScalarName name(oa::oaNativeNS(), cell.c_str());
+        return oa::oaDMFile::find(oa::oaCell::find(&lib(), name), "itemdef.skr");
     }
 
-    bool hasItemDefinition(const std::string& cell) const {
-        return std::filesystem::exists(filePath("lib") / cell / "itemdef.skr");
+    std::string itemDefinition(const std::string& cell) {
+        oa::oaString path;
+        itemDefinitionFile(cell)->getPath(path);
+        return readoaFile(fromOa(path));
     }
+
+    bool hasItemDefinition(const std::string& cell) { return itemDefinitionFile(cell) != nullptr; }
 
     std::vector<Param*> params() { return {&resistance_, &note_, &count_, &flag_, &layer_}; }
 
@@ -201,10 +202,9 @@ TEST_F(Masters, WriteTheItemDefinitionUpToTheFirstNul) {
               createSKRPItemDef("res", {}, CellOptions()) + "\ndefun resArtwork()\nbefore");
 }
 
-TEST_F(Masters, ListTheItemDefinitionAmongTheFilesOfTheCell) {
+TEST_F(Masters, KeepTheItemDefinitionInTheCell) {
     makePSNPcell(design("div", "layout", 'w'), {}, CellOptions());
-    const oa::oaScalarName name(oa::oaNativeNS(), "div");
-    EXPECT_NE(oa::oaDMFile::find(oa::oaCell::find(&lib(), name), "itemdef.skr"), nullptr);
+    EXPECT_EQ(readText(filePath("lib") / "div" / "itemdef.skr"), itemDefinition("div"));
 }
 
 TEST_F(Masters, RefuseAnInvalidDesign) {
