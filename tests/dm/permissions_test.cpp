@@ -2,7 +2,7 @@
 // away.
 
 #include "dm_tests.h"
-#include "support/posix/ordinary_user.h"
+#include "platform/ordinary_user.h"
 
 #include <filesystem>
 

@@ -4,8 +4,8 @@
 #include "platform/exclusive_file.h"
 #include "platform/file_lock.h"
 
+#include "ordinary_user.h"
 #include "platform_tests.h"
-#include "support/posix/ordinary_user.h"
 
 #include <csignal>
 #include <filesystem>
