@@ -10,6 +10,11 @@ TableBase* Database::makeVariableTable(const TableId& /*id*/) {
     return nullptr;
 }
 
+std::uint32_t Database::storedParameter(const TableBase& table,
+                                        RecordRemapper& /*remapper*/) const {
+    return table.id().parameter;
+}
+
 oaObject* Database::handle(const ObjectRef& ref) const {
     if (!ref)
         return nullptr;

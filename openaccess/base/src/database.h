@@ -34,6 +34,9 @@ public:
     /// Makes the variable table of that kind for the reader; null when the kind is unknown.
     virtual TableBase* makeVariableTable(const TableId& id);
 
+    /// The parameter of a table in a file that leaves out destroyed objects.
+    virtual std::uint32_t storedParameter(const TableBase& table, RecordRemapper& remapper) const;
+
     TableBase* table(std::uint32_t number) const {
         return number < tables_.size() ? tables_[number].get() : nullptr;
     }

@@ -135,4 +135,17 @@ oaBox DesignDatabase::extent() {
     return box;
 }
 
+void DesignDatabase::dropUnused() {
+    shapes.dropUnusedHeaders();
+    instances.dropUnusedMasters();
+}
+
+std::uint32_t DesignDatabase::storedParameter(const TableBase& table,
+                                              RecordRemapper& remapper) const {
+    std::uint32_t pair = table.id().parameter;
+    if (table.id().kind >= kFirstShapeKind && table.live() > 0)
+        remapper.slot(kLPPHeaderTable, pair);
+    return pair;
+}
+
 } // namespace OpenAccess_4::impl

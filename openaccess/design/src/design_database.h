@@ -49,6 +49,10 @@ public:
     /// The smallest box around everything in the block.
     oaBox extent();
 
+    /// Drops what only objects that are destroyed needed, before the design is written.
+    void dropUnused();
+    std::uint32_t storedParameter(const TableBase& table, RecordRemapper& remapper) const override;
+
 private:
     bool isSound();
 

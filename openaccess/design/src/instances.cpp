@@ -45,6 +45,8 @@ std::uint32_t Instances::master(const DesignNames& design) {
                                          database_.strings.intern(design.cell),
                                          database_.strings.intern(design.view)};
     for (; indexed_ < masters.slots(); ++indexed_) {
+        if (!masters.isLive(indexed_))
+            continue;
         const MasterRecord& master = masters[indexed_];
         masterSlots_.emplace(std::array{master.lib, master.cell, master.view}, indexed_);
     }
@@ -130,6 +132,17 @@ oaBox Instances::boxOf(std::uint32_t slot) {
             nearestCoord(box.bottom() + std::min(dY, 0.0)),
             nearestCoord(box.right() + std::max(dX, 0.0)),
             nearestCoord(box.top() + std::max(dY, 0.0))};
+}
+
+void Instances::dropUnusedMasters() {
+    std::vector<bool> used(masters.slots());
+    insts.forEach([&](std::uint32_t, const InstRecord& inst) { used[inst.master] = true; });
+    masters.forEach([&](std::uint32_t slot, const MasterRecord& master) {
+        if (used[slot])
+            return;
+        masterSlots_.erase({master.lib, master.cell, master.view});
+        masters.destroy(slot);
+    });
 }
 
 bool Instances::isSound() {

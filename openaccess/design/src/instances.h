@@ -49,6 +49,8 @@ public:
     oaBox boxOf(std::uint32_t slot);
     /// The box of the first one of an array.
     oaBox boxOfOne(std::uint32_t slot);
+    /// Destroys the masters that have no instance any more.
+    void dropUnusedMasters();
     bool isSound();
 
     Table<MasterRecord>& masters;

@@ -254,6 +254,7 @@ void saveDesign(oaDesign* design) {
         throw errorOf(oacSaveReadOnlyDesign, record.names);
     record.content->pcell.pack();
     const DesignAccess access(record.lib, record.names, oacWriteLibAccess);
+    record.content->dropUnused();
     writeDatabaseFile(record.path, DatabaseFileKind::Design, *record.content);
     record.content->setModified(false);
     record.header = headerOf(record.path);

@@ -212,12 +212,41 @@ const oaBox& ShapeTables::extentOfTable(const TableBase& table) {
 }
 
 void ShapeTables::catchUp() {
-    for (std::uint32_t slot = std::uint32_t(layerSlots_.size()); slot < layers_.slots(); ++slot)
-        if (!layerSlots_.emplace(layers_[slot].layer, slot).second)
+    for (; indexedLayers_ < layers_.slots(); ++indexedLayers_)
+        layerSlots_.emplace(layers_[indexedLayers_].layer, indexedLayers_);
+    for (; indexedPairs_ < pairs_.slots(); ++indexedPairs_)
+        pairSlots_.emplace(std::pair(layerOf(indexedPairs_), purposeOf(indexedPairs_)),
+                           indexedPairs_);
+}
+
+bool ShapeTables::isPairNeeded(std::uint32_t pair) {
+    // The table of a pair names its header even when all of its shapes have moved elsewhere.
+    for (const TableBase* table : tablesOf(pair))
+        if (table->live() > 0)
+            return true;
+    return moved_.owns(pair);
+}
+
+void ShapeTables::dropUnusedHeaders() {
+    catchUp();
+    std::vector<bool> needed(layers_.slots());
+    pairs_.forEach([&](std::uint32_t pair, const LPPHeaderRecord& header) {
+        if (isPairNeeded(pair)) {
+            needed[header.layerHeader] = true;
             return;
-    for (std::uint32_t slot = std::uint32_t(pairSlots_.size()); slot < pairs_.slots(); ++slot)
-        if (!pairSlots_.emplace(std::pair(layerOf(slot), purposeOf(slot)), slot).second)
+        }
+        pairSlots_.erase({layerOf(pair), purposeOf(pair)});
+        database_.forgetAttachments({kLPPHeaderTable, pair});
+        pairs_.destroy(pair);
+    });
+    layers_.forEach([&](std::uint32_t layer, const LayerHeaderRecord& header) {
+        if (needed[layer])
             return;
+        layerSlots_.erase(header.layer);
+        database_.forgetAttachments({kLayerHeaderTable, layer});
+        layers_.destroy(layer);
+    });
+    lastPair_ = kNone;
 }
 
 } // namespace OpenAccess_4::impl

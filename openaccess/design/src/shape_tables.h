@@ -80,6 +80,8 @@ public:
     /// To be called when a shape has a new box.
     void grow(const TableBase& table, std::uint32_t slot);
 
+    /// Destroys the headers of pairs and layers that nothing is drawn on any more.
+    void dropUnusedHeaders();
     bool isSound();
 
 private:
@@ -94,6 +96,7 @@ private:
     Extent& extentEntry(const TableBase& table);
     const oaBox& extentOfTable(const TableBase& table);
     void catchUp();
+    bool isPairNeeded(std::uint32_t pair);
 
     DesignDatabase& database_;
     Table<LayerHeaderRecord>& layers_;
@@ -103,7 +106,9 @@ private:
     std::map<std::pair<oaLayerNum, oaPurposeNum>, std::uint32_t> pairSlots_;
     std::vector<std::array<TableBase*, kShapeKinds>> tables_; // by pair and kind
     std::vector<TableBase*> displayTables_;
-    std::vector<Extent> extents_;    // by table
+    std::vector<Extent> extents_;     // by table
+    std::uint32_t indexedLayers_ = 0; // slots that the maps know
+    std::uint32_t indexedPairs_ = 0;
     std::uint32_t lastPair_ = kNone; // neighbouring shapes tend to lie on one pair
 };
 

@@ -133,8 +133,11 @@ void writeCompacted(platform::AtomicFile& file, DatabaseFileKind kind, const Dat
 
     Layout layout;
     addPools(layout, remapper.strings(), remapper.points());
-    for (std::size_t i = 0; i < tables.size(); ++i)
-        layout.add(entryOf(*tables[i]), {std::span<const std::byte>(records[i])});
+    for (std::size_t i = 0; i < tables.size(); ++i) {
+        SectionEntry entry = entryOf(*tables[i]);
+        entry.parameter = database.storedParameter(*tables[i], remapper);
+        layout.add(entry, {std::span<const std::byte>(records[i])});
+    }
     layout.place();
     layout.write(file, kind);
 }
