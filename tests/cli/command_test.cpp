@@ -160,7 +160,7 @@ TEST(Draw, WritesSvgToStandardOutput) {
     EXPECT_EQ(drawn.talk, "");
     EXPECT_TRUE(drawn.out.starts_with("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "));
     EXPECT_TRUE(drawn.out.ends_with("</svg>\n"));
-    EXPECT_NE(drawn.out.find("<title>lib  coil  layout</title>"), std::string::npos);
+    EXPECT_NE(drawn.out.find("<title>lib / coil / layout</title>"), std::string::npos);
 }
 
 TEST(Draw, WritesTheSameIntoAFile) {

@@ -56,13 +56,17 @@ TEST(ExportFailure, LeavesNoLibraryThatItMadeItself) {
     }
 }
 
-TEST(ExportFailure, TellsWhatTheDatabaseRefused) {
+TEST(ExportFailure, AFileWithTheNameOfTheCellIsLeftAlone) {
     Workplace work;
-    work.component["ports"][0]["name"] = "a<";
-    const Outcome exported = work.exportIt();
+    ASSERT_EQ(work.exportIt().status, 0);
+    writeText(work.library() + "/second", "mine");
+    const Tree before = work.tree();
+    work.component["name"] = "second";
+    const Outcome exported = work.exportIt({"--replace"});
     EXPECT_EQ(exported.status, 2);
-    EXPECT_EQ(std::count(exported.talk.begin(), exported.talk.end(), '\n'), 1);
-    EXPECT_FALSE(fs::exists(work.library()));
+    EXPECT_TRUE(exported.talk.ends_with("second: is no cell, but in the way of one\n"))
+        << exported.talk;
+    EXPECT_EQ(work.tree(), before);
 }
 
 /// What a process leaves that is killed between moving the old cell aside and the new one in.

@@ -31,7 +31,7 @@ LayerFigures metal(std::vector<Points> closed) {
 
 Picture small() {
     Picture picture;
-    picture.title = "lib coil layout";
+    picture.title = "lib / coil / layout";
     picture.dbuPerUserUnit = 1000;
     picture.userUnit = "micron";
     picture.layers[{1, 0xFFFFFFFF}] = metal({{{0, 0}, {0, 300}, {900, 300}, {900, 0}}});

@@ -108,8 +108,8 @@ void drawLabels(oa::oaBlock* block, const component::Layout& layout, ArtworkRepo
             continue;
         }
         oa::oaText::create(block, label.layerNumber, label.purposeNumber, ovalis::toOa(label.text),
-                           oa::oaPoint(label.origin.x, label.origin.y),
-                           oa::oacCenterCenterTextAlign, oa::oacR0, oa::oacRomanFont, height);
+                           oa::oaPoint(label.origin.x, label.origin.y), oa::oacLowerLeftTextAlign,
+                           oa::oacR0, oa::oacRomanFont, height);
         ++report.texts;
     }
 }

@@ -61,13 +61,14 @@ void CellReplacement::recover() {
     platform::removeTree(place_);
 }
 
-void CellReplacement::put(const std::string& cellName, const Watcher& watcher) {
+void CellReplacement::put(const std::string& cellName, bool replaces, const Watcher& watcher) {
     const std::string built = directoryOfCell(*workshop_, cellName);
     const std::string directory = platform::fileName(built);
     const std::string home = platform::joinPath(libraryPath_, directory);
     const std::string aside = platform::joinPath(platform::joinPath(place_, "old"), directory);
     workshop_.reset();
-    const bool replaces = platform::exists(home);
+    if (!replaces && platform::exists(home))
+        throw std::runtime_error(home + ": is no cell, but in the way of one");
     if (replaces)
         platform::renameFile(home, aside);
     try {

@@ -41,8 +41,10 @@ public:
     /// The library to build in. Its cell has the same name as the final one.
     oa::oaLib& workshop() { return *workshop_; }
 
-    /// Moves the finished cell `cellName` into the library; closes the workshop.
-    void put(const std::string& cellName, const Watcher& watcher);
+    /// Moves the finished cell `cellName` into the library, in the place of the old one when it
+    /// `replaces` one; closes the workshop.
+    /// @throws std::runtime_error  something that is no cell is in the way.
+    void put(const std::string& cellName, bool replaces, const Watcher& watcher);
 
 private:
     void recover();

@@ -19,7 +19,7 @@ drawing::Picture pictureOf(const DrawOptions& options) {
     try {
         const OpenDesign design(ovalis::openDesign(*lib, options.cell, options.view, false));
         drawing::Picture picture = collect(*design);
-        picture.title = nameOf(options.library) + "  " + options.cell + "  " + options.view;
+        picture.title = nameOf(options.library) + " / " + options.cell + " / " + options.view;
         return picture;
     } catch (const std::runtime_error& error) {
         throw std::runtime_error(where + what + ": " + error.what());

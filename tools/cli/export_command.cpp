@@ -1,5 +1,7 @@
 #include <sstream>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "cli/commands.h"
 #include "cli/export_component.h"
@@ -13,22 +15,32 @@ std::string counted(std::size_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
+/// "3 rectangles, 1 text": what there is none of is not mentioned.
+std::string listed(const std::vector<std::pair<std::size_t, std::string>>& counts) {
+    std::string list;
+    for (const auto& [count, what] : counts)
+        if (count > 0)
+            list += (list.empty() ? "" : ", ") + counted(count, what);
+    return list.empty() ? "nothing" : list;
+}
+
 void say(Console& console, const component::Component& component, const ExportOptions& options,
          const ExportReport& report) {
     const ArtworkReport& art = report.artwork;
+    const bool scripted = component.kind == component::Kind::scriptMacro;
     console.talk << (report.replaced ? "replaced " : "made ") << component.name << " in "
                  << (report.newLibrary ? "the new library " : "the library ")
-                 << directoryOf(options.library)
-                 << "\n  layout: " << counted(art.rectangles, "rectangle") << ", "
-                 << counted(art.polygons, "polygon") << ", " << counted(art.lines, "line") << " on "
-                 << counted(art.layers, "layer") << ", " << counted(art.texts, "text") << ", "
-                 << counted(component.ports.size(), "port") << "\n  pcell: "
-                 << (component.kind == component::Kind::scriptMacro ? "script macro"
-                                                                    : "S-parameters")
-                 << " with " << counted(component.parameters.size(), "parameter") << '\n';
+                 << directoryOf(options.library) << "\n  layout: "
+                 << listed({{art.rectangles, "rectangle"},
+                            {art.polygons, "polygon"},
+                            {art.lines, "line"},
+                            {art.texts, "text"},
+                            {component.ports.size(), "port"}})
+                 << ", " << counted(art.layers, "layer")
+                 << "\n  pcell: " << (scripted ? "script macro" : "S-parameters") << " with "
+                 << counted(component.parameters.size(), "parameter") << '\n';
     if (component.symbol.kind != component::SymbolKind::none)
-        console.talk << "  symbol: " << counted(component.symbol.ports, "differential port")
-                     << '\n';
+        console.talk << "  symbol: " << counted(component.symbol.ports, "port") << '\n';
     if (art.dropped > 0)
         console.talk << "  left out: " << counted(art.dropped, "figure")
                      << " without area, length or text\n";

@@ -148,13 +148,14 @@ ExportReport exportComponent(const component::Component& component, const compon
     {
         TargetLibrary target(library);
         report.newLibrary = target.isNew();
+        // First of all, because it may put back a cell that a killed export had moved aside.
+        CellReplacement cell(target.path());
         report.replaced = requireReplaceable(*target, component.name, replace);
         watcher(Step::libraryReady);
         prepareTechnology(*target, component, layout);
         watcher(Step::technologyReady);
-        CellReplacement cell(target.path());
         report.artwork = buildCell(cell.workshop(), component, layout, watcher);
-        cell.put(component.name, watcher);
+        cell.put(component.name, report.replaced, watcher);
         completeDefinitions(target.path(), nameOf(library));
         target.keep();
     }

@@ -271,7 +271,7 @@ void writeSvg(std::ostream& out, const Picture& picture) {
     std::ostringstream body;
     writePlot(body, picture, frame, styles, labels);
     const double titleY = page.bottom - titleHeight / 2;
-    const std::string title = picture.title + "   " + sizeText(picture, frame);
+    const std::string title = picture.title + ", " + sizeText(picture, frame);
     body << "<text x=\"" << decimal(page.left) << "\" y=\"" << decimal(titleY)
          << "\" font-size=\"16\" font-weight=\"bold\">" << xmlText(title) << "</text>\n";
     const double left = page.left;
