@@ -47,21 +47,7 @@ void copyBytes(File& from, File& to) {
     }
 }
 
-} // namespace
-
-std::string readFile(std::string_view path) {
-    File file(path, OpenMode::read);
-    std::string content(file.size(), '\0');
-    content.resize(file.read(content.data(), content.size()));
-    // Files of /proc and the like tell no size.
-    char more[4096];
-    while (const std::size_t got = file.read(more, sizeof more))
-        content.append(more, got);
-    return content;
-}
-
-std::vector<DirectoryEntry> listDirectory(std::string_view path) {
-    const std::string native = nativePath(path);
+std::vector<DirectoryEntry> entriesOf(const std::string& native) {
     const std::unique_ptr<DIR, CloseDirectory> directory(::opendir(native.c_str()));
     if (!directory)
         fail("cannot read directory", native);
@@ -76,6 +62,42 @@ std::vector<DirectoryEntry> listDirectory(std::string_view path) {
         fail("cannot read directory", native);
     std::ranges::sort(entries, {}, &DirectoryEntry::name);
     return entries;
+}
+
+// Takes the names as they are: one that holds a backslash can be reached only so.
+void removeNative(const std::string& native) {
+    struct stat status;
+    if (::lstat(native.c_str(), &status) == -1) {
+        if (errno == ENOENT)
+            return;
+        fail("cannot look at file", native);
+    }
+    if (!S_ISDIR(status.st_mode)) {
+        if (::unlink(native.c_str()) == -1)
+            fail("cannot remove file", native);
+        return;
+    }
+    for (const DirectoryEntry& entry : entriesOf(native))
+        removeNative(native + "/" + entry.name);
+    if (::rmdir(native.c_str()) == -1)
+        fail("cannot remove directory", native);
+}
+
+} // namespace
+
+std::string readFile(std::string_view path) {
+    File file(path, OpenMode::read);
+    std::string content(file.size(), '\0');
+    content.resize(file.read(content.data(), content.size()));
+    // Files of /proc and the like tell no size.
+    char more[4096];
+    while (const std::size_t got = file.read(more, sizeof more))
+        content.append(more, got);
+    return content;
+}
+
+std::vector<DirectoryEntry> listDirectory(std::string_view path) {
+    return entriesOf(nativePath(path));
 }
 
 void createDirectory(std::string_view path) {
@@ -97,18 +119,7 @@ void removeDirectory(std::string_view path) {
 }
 
 void removeTree(std::string_view path) {
-    const std::string native = nativePath(path);
-    struct stat status;
-    if (::lstat(native.c_str(), &status) == -1) {
-        if (errno == ENOENT)
-            return;
-        fail("cannot look at file", native);
-    }
-    if (!S_ISDIR(status.st_mode))
-        return removeFile(native);
-    for (const DirectoryEntry& entry : listDirectory(native))
-        removeTree(joinPath(native, entry.name));
-    removeDirectory(native);
+    removeNative(nativePath(path));
 }
 
 void renameFile(std::string_view from, std::string_view to) {

@@ -146,6 +146,15 @@ TEST_F(PosixTest, RemovingATreeDoesNotFollowLinks) {
     EXPECT_EQ(get("kept/file"), "x");
 }
 
+TEST_F(PosixTest, RemovingATreeReachesNamesWithBackslashes) {
+    createDirectory(path("top"));
+    std::filesystem::create_directory(path("top") + "/a\\b");
+    ovalis::test::writeText(path("top") + "/a\\b/c\\d", "x");
+    EXPECT_EQ(listDirectory(path("top")).size(), 1U);
+    removeTree(path("top"));
+    EXPECT_FALSE(exists(path("top")));
+}
+
 TEST_F(PosixTest, CopyCanBeWrittenAndKeepsItsExecutableBit) {
     put("from", "x");
     setMode("from", 0555);
