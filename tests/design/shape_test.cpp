@@ -348,6 +348,14 @@ TEST_F(ShapeTest, MirroredPathSegmentsSwapTheirSides) {
     EXPECT_EQ(before.getArea(), after.getArea());
 }
 
+TEST_F(ShapeTest, BoxesEndWithTheRangeOfCoordinates) {
+    oaDonut* donut = oaDonut::create(block, kLayer, kPurpose, oaPoint(INT_MAX, 0), UINT_MAX, 1);
+    EXPECT_EQ(spelled(boxOf(donut)), "-2147483648 -2147483648 2147483647 2147483647");
+    oaPath* path = oaPath::create(block, kLayer, kPurpose, UINT_MAX,
+                                  points({{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}}));
+    EXPECT_EQ(spelled(boxOf(path)), "-2147483648 -2147483648 2147483647 2147483647");
+}
+
 TEST_F(ShapeTest, ShapesOverlapBoxes) {
     oaRect* shape = rect(oaBox(0, 0, 10, 20));
     EXPECT_TRUE(shape->overlaps(oaBox(10, 20, 30, 30)));

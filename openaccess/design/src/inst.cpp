@@ -426,16 +426,25 @@ void oaArrayInst::setNumCols(oaUInt4 numCols) {
     editedInst(this).cols = numCols;
 }
 
+namespace {
+
+/// How far one of an array lies from the first.
+oaPoint stepTo(const InstRecord& array, oaUInt4 row, oaUInt4 col) {
+    return {oaCoord(oaInt8(array.dX) * col), oaCoord(oaInt8(array.dY) * row)};
+}
+
+} // namespace
+
 void oaArrayInst::getBBox(oaUInt4 row, oaUInt4 col, oaBox& bBox) const {
     Instances& instances = designDatabaseOf(this).instances;
     bBox = instances.boxOfOne(slotOf(this));
     if (!bBox.isInverted())
-        bBox.transform(oaPoint(oaCoord(col) * getDX(), oaCoord(row) * getDY()));
+        bBox.transform(stepTo(recordOf<InstRecord>(this), row, col));
 }
 
 void oaArrayInst::getTransform(oaUInt4 row, oaUInt4 col, oaTransform& xform) const {
     oaRef::getTransform(xform);
-    xform.offset() += oaPoint(oaCoord(col) * getDX(), oaCoord(row) * getDY());
+    xform.offset() += stepTo(recordOf<InstRecord>(this), row, col);
 }
 
 } // namespace OpenAccess_4
