@@ -145,6 +145,27 @@ TEST_F(DatabaseFile, OfAnotherKindIsRefused) {
                                     "database.");
 }
 
+TEST_F(DatabaseFile, WithAPropertyBelowItselfIsRefused) {
+    SampleDatabase database;
+    auto& props = static_cast<Table<PropRecord>&>(*database.table(kPropTable));
+    props.add({kDatabaseItself, 0, PropKind::Hier, {}});
+    props.add({{kPropTable, 2}, 0, PropKind::Hier, {}});
+    props.add({{kPropTable, 1}, 0, PropKind::Hier, {}});
+    save(path(), database);
+    EXPECT_EQ(errorOnLoading(), "File '" + path() +
+                                    "' is not a sound database: it has a property that is below "
+                                    "itself.");
+}
+
+TEST_F(DatabaseFile, WithARecordThatNamesNothingIsRefused) {
+    SampleDatabase database;
+    database.nodes.add({0, 7, {}, kDatabaseItself});
+    save(path(), database);
+    EXPECT_EQ(errorOnLoading(), "File '" + path() +
+                                    "' is not a sound database: it has an entry in table 8 that "
+                                    "names something the file does not hold.");
+}
+
 TEST_F(DatabaseFile, ThatIsForeignIsRefused) {
     writeText(path(), std::string(200, 'x'));
     EXPECT_EQ(errorOnLoading(),

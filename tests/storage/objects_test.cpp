@@ -267,6 +267,21 @@ TEST_F(Attachments, CopyAndMoveProperties) {
     EXPECT_EQ(oaProp::find(far, "text"), moved);
 }
 
+TEST_F(Attachments, RefuseToMoveAPropertyBelowItself) {
+    oaHierProp* outer = oaHierProp::create(object, "outer");
+    oaHierProp* inner = oaHierProp::create(outer, "inner");
+    for (oaObject* target : {static_cast<oaObject*>(outer), static_cast<oaObject*>(inner)}) {
+        try {
+            outer->moveTo(target);
+            FAIL() << "no error";
+        } catch (const oaError& error) {
+            EXPECT_EQ(error.getMsgId(), oaUInt4(oacPropBelowItself));
+            EXPECT_STREQ(error.getMsg(), "Property 'outer' cannot be moved below itself.");
+        }
+    }
+    EXPECT_EQ(outer->getOwner(), object);
+}
+
 TEST_F(Attachments, RefusePropertiesOnSessionObjects) {
     try {
         oaIntProp::create(oaSession::get(), "width", 1);

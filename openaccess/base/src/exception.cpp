@@ -41,6 +41,7 @@ constexpr impl::MessageFormat formats[] = {
     {oacPropNameUsed, "The object already has a property named '%s'."},
     {oacInvalidObjForProp, "An object of type %s cannot have properties."},
     {oacNotAnEnumOfProp, "'%s' is not one of the values of the property."},
+    {oacPropBelowItself, "Property '%s' cannot be moved below itself."},
     {oacInvalidObject, "The object was destroyed, or its database was closed."},
     {oacTableFull, "The database cannot hold more objects of this kind."},
     {oacStringPoolFull, "The texts of a database cannot pass 4 GiB."},

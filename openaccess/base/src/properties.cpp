@@ -91,10 +91,35 @@ void Properties::removeAll(const ObjectRef& owner) {
 void Properties::move(std::uint32_t slot, const ObjectRef& owner) {
     database_.edit();
     PropRecord& prop = table_[slot];
-    requireFree(owner, database_.strings.chars(prop.name), prop.name);
+    const oaChar* name = database_.strings.chars(prop.name);
+    if (isBelow(owner, slot))
+        throw oaError(oacPropBelowItself, name);
+    requireFree(owner, name, prop.name);
     byOwner().remove(prop.owner.key(), slot);
     prop.owner = owner;
     index_.append(owner.key(), slot);
+}
+
+bool Properties::isBelow(ObjectRef object, std::uint32_t slot) const {
+    while (object.table == kPropTable && object.slot != slot)
+        object = table_[object.slot].owner;
+    return object == ObjectRef{kPropTable, slot};
+}
+
+bool Properties::isSound() const {
+    // Each walk towards the owner ends at a property that an earlier walk has passed: once each.
+    std::vector<std::uint32_t> passedIn(table_.slots(), 0);
+    for (std::uint32_t first = 0; first < table_.slots(); ++first) {
+        const std::uint32_t walk = first + 1;
+        ObjectRef at{kPropTable, first};
+        while (at.table == kPropTable && passedIn[at.slot] == 0) {
+            passedIn[at.slot] = walk;
+            at = table_[at.slot].owner;
+        }
+        if (at.table == kPropTable && passedIn[at.slot] == walk)
+            return false;
+    }
+    return true;
 }
 
 std::uint32_t Properties::slotOf(const ObjectRef& owner, StringId name) {

@@ -101,9 +101,14 @@ public:
     void rename(std::uint32_t slot, const char* name);
     void remove(std::uint32_t slot);
     void removeAll(const ObjectRef& owner);
+    /// @throws oaError  oacPropNameUsed; oacPropBelowItself: the owner is the property or below it
     void move(std::uint32_t slot, const ObjectRef& owner);
 
+    /// False when a property is, over one or more owners, its own owner.
+    bool isSound() const;
+
 private:
+    bool isBelow(ObjectRef object, std::uint32_t slot) const;
     std::uint32_t slotOf(const ObjectRef& owner, StringId name);
     void requireFree(const ObjectRef& owner, const char* name, StringId id);
     ChainIndex& byOwner();

@@ -202,6 +202,8 @@ private:
                 damaged("has an entry in table " + std::to_string(number) +
                         " that names something the file does not hold");
         }
+        if (!database_.properties.isSound())
+            damaged("has a property that is below itself");
     }
 
     const std::string& path_;

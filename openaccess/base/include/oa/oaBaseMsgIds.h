@@ -34,6 +34,7 @@ enum oaBaseMsgIds {
     oacPropNameUsed = 60,
     oacInvalidObjForProp,
     oacNotAnEnumOfProp,
+    oacPropBelowItself,
     oacInvalidObject = 70,
     oacTableFull,
     oacStringPoolFull,

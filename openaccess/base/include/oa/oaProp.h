@@ -29,7 +29,7 @@ public:
     oaProp* copyTo(oaObject* object) const;
 
     /// Moves the property to another object and answers it; in another database it is a new one.
-    /// @throws oaError  oacPropNameUsed, oacInvalidObjForProp
+    /// @throws oaError  oacPropNameUsed, oacInvalidObjForProp, oacPropBelowItself
     oaProp* moveTo(oaObject* object);
 
     void destroy();
