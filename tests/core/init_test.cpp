@@ -65,6 +65,11 @@ TEST(StartUp, IsNotDoneWhenTheLayerOperationFails) {
                                            failedWith(oa::oacPcellLinkExists) + "SKRPcell: 1\n");
 }
 
+TEST(StartUp, IsMadeByOtherFunctionsAndItsFailureTranslated) {
+    EXPECT_EQ(startUp({"translated"}), "failed with " + std::to_string(oa::oacPcellLinkExists) +
+                                           "\nexists: 0, growEnvelope: 1\n");
+}
+
 TEST_F(PinAngle, IsZeroUntilSet) {
     oa::oaDesign& layout = design("cell", "layout", 'w');
     oa::oaBlock* block = oa::oaBlock::create(&layout);

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include <ovalis/core.h>
+#include <ovalis/library.h>
 #include <ovalis/pcell.h>
 
 namespace {
@@ -114,6 +114,20 @@ void growTaken() {
     std::cout << "SKRPcell: " << isRegistered("SKRPcell") << '\n';
 }
 
+/// A function of the library starts it up itself, and translates what that fails with.
+void translated() {
+    oa::oaDesignInit();
+    oa::oaPcellLink* link = oa::oaPcellLink::create(new HostPcell("PSNPcell"));
+    try {
+        ovalis::existsLib("none");
+    } catch (const ovalis::Exception& error) {
+        std::cout << "failed with " << error.msgId() << '\n';
+    }
+    link->destroy();
+    std::cout << "exists: " << ovalis::existsLib("none") << ", growEnvelope: " << hasGrowEnvelope()
+              << '\n';
+}
+
 } // namespace
 
 int main(int count, char** values) {
@@ -128,6 +142,8 @@ int main(int count, char** values) {
         again();
     } else if (what == "grow-taken") {
         growTaken();
+    } else if (what == "translated") {
+        translated();
     } else {
         return 2;
     }
