@@ -1,0 +1,148 @@
+#include <ovalis/library.h>
+#include <ovalis/ports.h>
+
+#include "support/files.h"
+#include "support/library_fixture.h"
+
+using namespace ovalis;
+using ovalis::test::failureOf;
+using ovalis::test::messageIdOf;
+
+namespace {
+
+/// What the calls of the database below answer in place of nothing, when a test sets it.
+oa::oaView* viewToAnswer = nullptr;
+oa::oaDesign* designToAnswer = nullptr;
+
+} // namespace
+
+// In place of the database's own functions of these names.
+namespace OpenAccess_4 {
+
+oaCell* oaCell::get(const oaLib*, const oaScalarName&) {
+    return nullptr;
+}
+
+oaView* oaView::get(const oaLib*, const oaScalarName&, const oaViewType*) {
+    return viewToAnswer;
+}
+
+oaCellView* oaCellView::get(const oaCell*, const oaView*) {
+    return nullptr;
+}
+
+oaViewType* oaViewType::create(const oaString&) {
+    return nullptr;
+}
+
+oaBlock* oaBlock::create(const oaDesign*, oaBoolean) {
+    return nullptr;
+}
+
+oaDesign* oaDesign::open(const oaScalarName&, const oaScalarName&, const oaScalarName&, oaChar) {
+    return designToAnswer;
+}
+
+oaUInt8 oaFile::getSize() const {
+    return 0xFFFFFFFF80000001U;
+}
+
+} // namespace OpenAccess_4
+
+// In place of the library's own table.
+LayerPurposePairs ovalis::vexDefaultLayerPurposePairs() {
+    return {{"cond:drawing", {1, 4294967295}}};
+}
+
+namespace {
+
+class Absence : public ovalis::test::LibraryTest {
+protected:
+    /// A cell that was made by somebody else.
+    oa::oaCell& cell() {
+        std::filesystem::create_directory(filePath("lib") / "divider");
+        return *oa::oaCell::find(&lib(), oa::oaScalarName(oa::oaNativeNS(), "divider"));
+    }
+
+    oa::oaView* anyView() {
+        return oa::oaView::find(&lib(), oa::oaScalarName(oa::oaNativeNS(), "layout"),
+                                oa::oaViewType::get(oa::oacMaskLayout));
+    }
+
+    ~Absence() override {
+        viewToAnswer = nullptr;
+        designToAnswer = nullptr;
+    }
+};
+
+} // namespace
+
+TEST_F(Absence, OfACellIsNamed) {
+    EXPECT_EQ(failureOf([&] { createCell(lib(), "größe"); }), "Could not create cell größe");
+    EXPECT_EQ(failureOf([&] { createCellView(lib(), "größe", "layout", oa::oacMaskLayout); }),
+              "Could not create cell größe");
+    EXPECT_EQ(failureOf([&] { createCellView(lib(), "größe", "layout", "maskLayout"); }),
+              "Could not create cell größe");
+}
+
+TEST_F(Absence, OfAViewTypeIsNamed) {
+    EXPECT_EQ(failureOf([&] { createCellView(cell(), "model", "größe"); }),
+              "Could not create custom view type größe");
+}
+
+TEST_F(Absence, OfAViewIsNamed) {
+    EXPECT_EQ(failureOf([&] { createCellView(cell(), "größe", oa::oacMaskLayout); }),
+              "Could not create view größe");
+    EXPECT_EQ(failureOf([&] { createCellView(cell(), "größe", "maskLayout"); }),
+              "Could not create view größe");
+}
+
+TEST_F(Absence, OfACellViewIsNamed) {
+    viewToAnswer = anyView();
+    EXPECT_EQ(failureOf([&] { createCellView(cell(), "größe", oa::oacMaskLayout); }),
+              "Could not create cell view größe in cell");
+    EXPECT_EQ(failureOf([&] { createCellView(cell(), "größe", "maskLayout"); }),
+              "Could not create cell view größe in cell");
+}
+
+TEST_F(Absence, OfADesignIsAFailure) {
+    EXPECT_EQ(failureOf([&] { openDesign(lib(), "divider", "layout", true); }),
+              "Could not create or open design");
+}
+
+TEST_F(Absence, OfAValidDesignIsAFailure) {
+    designToAnswer = &design("divider", "layout", 'w');
+    designToAnswer->purge();
+    EXPECT_EQ(failureOf([&] { openDesign(lib(), "divider", "layout", true); }),
+              "Could not create or open design");
+}
+
+TEST_F(Absence, OfASourceLetsTheCopyBeAskedOfTheAbsentDesign) {
+    designToAnswer = &design("divider", "layout", 'w');
+    designToAnswer->purge();
+    closeLibrary();
+    EXPECT_EQ(messageIdOf([&] { copyDesign(pathOf("lib"), "divider", "layout", "copy"); }),
+              oa::oacInvalidObject);
+    EXPECT_EQ(oa::oaLib::find(oa::oaScalarName(oa::oaNativeNS(), "LogicalName")), nullptr);
+}
+
+TEST_F(Absence, OfATopBlockIsAFailureToAddPortsAlone) {
+    oa::oaDesign& layout = design("divider", "layout", 'w');
+    EXPECT_EQ(failureOf([&] { addPorts(layout, {}, false); }),
+              "Can not create top level block in design.");
+    EXPECT_EQ(failureOf([&] { removePorts(layout); }), "nothing thrown");
+}
+
+TEST_F(Absence, OfTheDeviceLayerIsAFailureBeforeAnythingIsDrawn) {
+    oa::oaDesign& symbol = design("divider", "symbol", 'w', oa::oacSchematicSymbol);
+    const std::string text = "Can not find layer/purpose pair for layer name";
+    EXPECT_EQ(failureOf([&] { vexSymbolSnPDifferential(symbol, 1); }), text);
+    EXPECT_EQ(failureOf([&] { vexSymbolSnPDifferentialForks(symbol, 1); }), text);
+    EXPECT_EQ(symbol.getTopBlock(), nullptr);
+}
+
+TEST_F(Absence, OfRoomForAFileIsAFailure) {
+    ovalis::test::writeText(filePath("file"), "small");
+    EXPECT_EQ(failureOf([&] { readoaFile(pathOf("file")); }),
+              "File " + pathOf("file") + " too big to handle");
+}
