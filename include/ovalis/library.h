@@ -66,7 +66,7 @@ private:
 /// Creates a library as `createLib`, and in it the file `lib.defs` that the circuit-design
 /// environment reads: it pulls in that environment's definitions and defines the library itself.
 ///
-/// A `lib.defs` that cannot be written is left out without an error; an existing one is replaced.
+/// A `lib.defs` that cannot be written is left out without an error.
 /// @throws Exception  the database refused; no `lib.defs` is written then.
 [[nodiscard]] OVALIS_API LibPtr createVEXCompatibleLib(const std::string& libPath,
                                                        const std::string& libName);
@@ -82,8 +82,10 @@ private:
 /// Copies the library directory `srcPath` to `dstPath`, removes the first read-only mark of the
 /// copy, and opens it under the name `libName` with write access.
 ///
-/// A copy that fails on the way stays as far as it came.
-/// @throws std::runtime_error  the copy has no library marker, or its access was refused.
+/// A copy that fails on the way stays as far as it came. A source that is missing is no error of
+/// its own: nothing is copied, and `dstPath` is opened if it is a library already.
+/// @throws std::runtime_error  the copy has no library marker, is no library, or its access was
+///                             refused.
 /// @throws Exception           the database failed.
 [[nodiscard]] OVALIS_API LibPtr copyLib(const std::string& srcPath, const std::string& dstPath,
                                         const std::string& libName);
@@ -185,26 +187,30 @@ OVALIS_API std::vector<TStringTriplet> getCellViewNamesAndTypes(const oa::oaLib&
 // Designs
 
 /// Returns true when the design is open or on disk; the library must be open under its name.
+/// @throws Exception  the database failed.
 OVALIS_API bool existsDesign(const char* libName, const char* cellName, const char* viewName);
 
 /// Opens a design, for append when `write` is true, which creates a missing one, else for reading.
 ///
 /// The design belongs to the database; the caller closes it.
 /// @throws std::runtime_error  there is no design to give.
+/// @throws Exception           the database failed, for example because somebody edits the design.
 OVALIS_API oa::oaDesign* openDesign(oa::oaLib& lib, const std::string& cellName,
                                     const std::string& viewName, bool write);
 
 /// Opens a design as `openDesign`; a missing one is created with the view type `viewType`.
 /// @throws std::runtime_error  there is no design to give.
+/// @throws Exception           the database failed, for example because somebody edits the design.
 OVALIS_API oa::oaDesign* openDesignWithView(oa::oaLib& lib, const std::string& cellName,
                                             const std::string& viewName,
                                             oa::oaReservedViewTypeEnum viewType, bool write);
 
-/// Opens a design for writing and saves it under another cell only when there is none to open.
+/// Refuses a source design that opens for writing; one that does not is the database's error.
 ///
-/// With a database whose open gives a design or throws, this function never returns normally and
-/// copies nothing. The source on disk stays as it is; the library is closed again on every path.
+/// So this function never returns normally and copies nothing. The source on disk stays as it is;
+/// the library is closed again on every path.
 /// @throws std::runtime_error  a source design was opened; or the library could not be opened.
+/// @throws Exception           there is no source design, or the database failed.
 OVALIS_API void copyDesign(const std::string& libPath, const std::string& cellName,
                            const std::string& viewName, const std::string& newCellName);
 

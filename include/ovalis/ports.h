@@ -64,7 +64,8 @@ private:
 ///
 /// The nets are "net_ovalis_0" and so on, by place in the list, or the first alone when
 /// `sharedNet` is true; nets that exist are used again. A terminal that has the port's name gives
-/// way, so of two ports with one name the later stays.
+/// way, so of two ports with one name the later stays. A terminal of another name that holds the
+/// position of a port, its place in the list, does not: that is an error of the database.
 ///
 /// What was made before a failure stays. An empty list with `sharedNet` makes nothing.
 /// @throws std::runtime_error  the design is invalid or not writeable, it gives no top block, or a
@@ -91,16 +92,16 @@ OVALIS_API LayerPurposePairs tessaDefaultLayerPurposePairs();
 ///
 /// Each of the `count` differential ports has a "+" and a "-" pin of its own, odd ports on the
 /// left and even ones on the right. Returns true. What was drawn before a failure stays.
-/// @throws std::runtime_error  as `addPorts`.
-/// @throws Exception           the database failed.
+/// @throws Exception  the database failed, for example because the design is invalid or open for
+///                    reading.
 OVALIS_API bool vexSymbolSnPDifferential(oa::oaDesign& design, std::uint64_t count);
 
 /// Draws the symbol with one forked pin for each of the `count` differential ports, the first half
 /// on the left, the rest on the right; else as `vexSymbolSnPDifferential`.
 ///
 /// With `count` 0 the database refuses the body, which would be turned inside out.
-/// @throws std::runtime_error  as `addPorts`.
-/// @throws Exception           the database failed.
+/// @throws Exception  the database failed, for example because the design is invalid or open for
+///                    reading.
 OVALIS_API bool vexSymbolSnPDifferentialForks(oa::oaDesign& design, std::uint64_t count);
 
 } // namespace ovalis

@@ -1,6 +1,7 @@
 #include <ovalis/core.h>
 #include <ovalis/pcell.h>
 
+#include "broker/registration.h"
 #include "core/statics.h"
 
 // The composition root: the one file of this room that knows rooms above it.
@@ -37,6 +38,7 @@ void initOa() {
     }
     initDatabase();
     registerEvaluators();
+    registerPcellEvaluators();
     oa::oaDerivedLayerDef::create("growEnvelope", 1);
     // Before the last step on purpose: its failure leaves the library initialised.
     initialised = true;

@@ -10,7 +10,8 @@ std::filesystem::path fileIn(const std::string& directory, const char* name) {
 }
 
 bool isReadableFile(const std::filesystem::path& path) {
-    return std::ifstream(path).is_open();
+    // One of the systems opens directories, too.
+    return !std::filesystem::is_directory(path) && std::ifstream(path).is_open();
 }
 
 void writeTextFile(const std::filesystem::path& path, const std::string& text) {

@@ -111,7 +111,8 @@ void makePSNPcell(oa::oaDesign& design, const std::vector<Param*>& params,
         if (design.getMode() != 'w' && design.getMode() != 'a') {
             throw std::runtime_error("Design is not writeable.");
         }
-        saveAsSuperMaster(design, pcellDef(psnEvaluatorName), nativeParams(params));
+        PcellDefPtr def = pcellDef(psnEvaluatorName);
+        saveAsSuperMaster(design, std::move(def), nativeParams(params));
         writeItemDefinition(design, createPSNPItemDef(nativeCellName(design), params, options));
     });
 }

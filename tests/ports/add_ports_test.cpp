@@ -175,10 +175,10 @@ TEST_F(Ports, WithoutAShapeFailAfterTerminalAndPinAreMade) {
 
 TEST_F(Ports, MayBeNone) {
     add({});
-    if (layout().getTopBlock() != nullptr) {
-        EXPECT_TRUE(netsOf(block()).empty());
-        EXPECT_TRUE(portsOf(block()).empty());
-    }
+    ASSERT_NE(layout().getTopBlock(), nullptr);
+    EXPECT_EQ(netsOf(block()), Texts{});
+    EXPECT_EQ(portsOf(block()), Texts{});
+    EXPECT_TRUE(block()->getShapes().isEmpty());
 }
 
 TEST_F(Ports, MayBeNoneOnASharedNetAndMakeNothing) {

@@ -2,8 +2,8 @@
 
 #include "oa/oaException.h"
 #include "oa/oaProps.h"
-#include "support/temporary_directory.h"
 #include "support/files.h"
+#include "support/temporary_directory.h"
 
 #include <gtest/gtest.h>
 
@@ -183,8 +183,8 @@ TEST_F(DatabaseFile, ThatCannotBeWrittenIsReportedByName) {
         FAIL() << "no error";
     } catch (const oaError& error) {
         EXPECT_EQ(error.getMsgId(), oaUInt4(oacDatabaseFileNotWritten));
-        EXPECT_EQ(std::string(error.getMsg()).rfind("File '" + missing + "' cannot be written: ", 0),
-                  0u);
+        EXPECT_EQ(
+            std::string(error.getMsg()).rfind("File '" + missing + "' cannot be written: ", 0), 0u);
     }
 }
 
@@ -194,8 +194,7 @@ TEST_F(DatabaseFile, LeavesNothingElseInItsDirectory) {
     save(path(), database);
     save(path(), database);
     std::size_t entries = 0;
-    for ([[maybe_unused]] const auto& entry :
-         std::filesystem::directory_iterator(directory.path()))
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(directory.path()))
         ++entries;
     EXPECT_EQ(entries, 1u);
 }

@@ -33,8 +33,8 @@ oaAppDef* AppDefs::find(const Request& request) {
 oaAppDef* AppDefs::get(const Request& request, oaUInt8 defaultBits, oaBoolean persist, Make make) {
     if (oaAppDef* def = find(request))
         return def;
-    return addDef({request.name, request.objectClass, request.kind, persist != 0, defaultBits, {},
-                   make});
+    return addDef(
+        {request.name, request.objectClass, request.kind, persist != 0, defaultBits, {}, make});
 }
 
 oaAppDef* AppDefs::get(const Request& request, const oaByte* defaultBytes, oaUInt4 size,

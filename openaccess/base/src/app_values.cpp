@@ -7,12 +7,13 @@
 namespace OpenAccess_4::impl {
 
 AppValues::AppValues(Database& database)
-    : database_(database), defs_(database.addTable<StoredAppDefRecord>(kAppDefTable)),
+    : database_(database),
+      defs_(database.addTable<StoredAppDefRecord>(kAppDefTable)),
       stored_{database.addTable<AppValueRecord>(kAppValueTable), {}, 0},
-      transient_{database.addTable<AppValueRecord>(
-                     TableId{kTransientAppValueTable, kTransientKind, 0}),
-                 {},
-                 0} {}
+      transient_{
+          database.addTable<AppValueRecord>(TableId{kTransientAppValueTable, kTransientKind, 0}),
+          {},
+          0} {}
 
 const AppValueRecord* AppValues::find(const ObjectRef& owner, const oaAppDef* def) {
     const std::uint32_t number = numberOf(def);
@@ -71,9 +72,8 @@ bool AppValues::any(const ObjectRef& owner) {
 bool AppValues::isUsed(const oaAppDef* def) {
     const std::uint32_t number = numberOf(def);
     bool used = false;
-    valuesOf(def).table.forEach([&](std::uint32_t, const AppValueRecord& value) {
-        used = used || value.def == number;
-    });
+    valuesOf(def).table.forEach(
+        [&](std::uint32_t, const AppValueRecord& value) { used = used || value.def == number; });
     return used;
 }
 
@@ -82,8 +82,9 @@ std::vector<oaObject*> AppValues::definitionsOf(const ObjectRef& owner) {
     Session& session = Session::instance();
     for (const std::uint32_t slot : stored_.byOwner().slots(owner.key())) {
         const StoredAppDefRecord& stored = defs_[stored_.table[slot].def];
-        if (oaAppDef* def = session.findAppDef(stored.kind, database_.strings.chars(stored.objectClass),
-                                               database_.strings.chars(stored.name)))
+        if (oaAppDef* def =
+                session.findAppDef(stored.kind, database_.strings.chars(stored.objectClass),
+                                   database_.strings.chars(stored.name)))
             definitions.push_back(def);
     }
     for (const std::uint32_t slot : transient_.byOwner().slots(owner.key()))

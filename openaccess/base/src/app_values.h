@@ -53,7 +53,7 @@ struct StoredAppDefRecord {
 
 struct AppValueRecord {
     ObjectRef owner;
-    std::uint32_t def = 0; // slot in the definitions of the database; transient: of the session
+    std::uint32_t def = 0;  // slot in the definitions of the database; transient: of the session
     std::uint32_t text = 0; // StringId of the kinds that are texts
     std::uint64_t bits = 0; // the value of the other kinds
 

@@ -43,8 +43,8 @@ public:
         // Later entries of the same run move back, so that no probe meets a gap.
         for (std::size_t at = next(hole); entries_[at].key != kFree; at = next(at)) {
             const std::size_t home = slotOf(entries_[at].key);
-            const bool reachable = hole <= at ? (home <= hole || home > at)
-                                              : (home <= hole && home > at);
+            const bool reachable =
+                hole <= at ? (home <= hole || home > at) : (home <= hole && home > at);
             if (reachable) {
                 entries_[hole] = entries_[at];
                 hole = at;

@@ -21,7 +21,8 @@ oaObject* oaObject::getDatabase() const {
 
 oaDomain oaObject::getDomain() const {
     const oaTypeEnum type = getType();
-    const bool inBlock = type == oacBlockType || (type >= oacLPPHeaderType && type <= oacInstHeaderType);
+    const bool inBlock =
+        type == oacBlockType || (type >= oacLPPHeaderType && type <= oacInstHeaderType);
     return inBlock ? oacBlockDomain : oacNoDomain;
 }
 

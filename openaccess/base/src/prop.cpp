@@ -12,10 +12,9 @@ namespace {
 /// Texts of a property's value live in its database: the same value for another database.
 PropPayload payloadFor(Database& target, Database& source, const PropRecord& prop) {
     PropPayload value = prop.value;
-    const std::size_t texts = prop.kind == PropKind::String ? 1
-                              : prop.kind == PropKind::App || prop.kind == PropKind::Enum
-                                  ? 2
-                                  : 0;
+    const std::size_t texts = prop.kind == PropKind::String                               ? 1
+                              : prop.kind == PropKind::App || prop.kind == PropKind::Enum ? 2
+                                                                                          : 0;
     for (std::size_t i = 0; i < texts; ++i)
         value.set(target.strings.intern(source.strings.text(prop.value.get<StringId>(i))), i);
     return value;

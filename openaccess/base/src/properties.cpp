@@ -13,12 +13,12 @@ namespace OpenAccess_4::impl {
 oaObject* PropRecord::construct(void* where) const {
     using Construct = oaObject* (*)(void*);
     static constexpr std::array<Construct, std::size_t(PropKind::Count)> constructors = {
-        Handles::construct<oaIntProp>,    Handles::construct<oaIntRangeProp>,
-        Handles::construct<oaFloatProp>,  Handles::construct<oaFloatRangeProp>,
-        Handles::construct<oaStringProp>, Handles::construct<oaAppProp>,
-        Handles::construct<oaDoubleProp>, Handles::construct<oaDoubleRangeProp>,
+        Handles::construct<oaIntProp>,     Handles::construct<oaIntRangeProp>,
+        Handles::construct<oaFloatProp>,   Handles::construct<oaFloatRangeProp>,
+        Handles::construct<oaStringProp>,  Handles::construct<oaAppProp>,
+        Handles::construct<oaDoubleProp>,  Handles::construct<oaDoubleRangeProp>,
         Handles::construct<oaBooleanProp>, Handles::construct<oaHierProp>,
-        Handles::construct<oaTimeProp>,   Handles::construct<oaTimeRangeProp>,
+        Handles::construct<oaTimeProp>,    Handles::construct<oaTimeRangeProp>,
         Handles::construct<oaEnumProp>};
     return constructors[std::size_t(kind)](where);
 }

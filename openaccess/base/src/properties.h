@@ -66,7 +66,7 @@ struct PropRecord {
         visitor.object(self.owner);
         visitor.string(self.name);
         visitor.enumerator(std::uint32_t(self.kind), std::uint32_t(PropKind::Count));
-        const std::size_t texts = self.kind == PropKind::String                              ? 1
+        const std::size_t texts = self.kind == PropKind::String                               ? 1
                                   : self.kind == PropKind::App || self.kind == PropKind::Enum ? 2
                                                                                               : 0;
         for (std::size_t element = 0; element < texts; ++element)

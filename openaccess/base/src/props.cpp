@@ -58,8 +58,12 @@ void changeText(oaProp* prop, std::string_view text, std::size_t element) {
         payload.set(value);                                                                        \
         return static_cast<Class*>(createProp(object, name, kind, payload));                       \
     }                                                                                              \
-    Value Class::getValue() const { return recordOf<PropRecord>(this).value.get<Value>(); }        \
-    void Class::setValue(Value value) { changeValue(this, value); }
+    Value Class::getValue() const {                                                                \
+        return recordOf<PropRecord>(this).value.get<Value>();                                      \
+    }                                                                                              \
+    void Class::setValue(Value value) {                                                            \
+        changeValue(this, value);                                                                  \
+    }
 
 #define OA_RANGE_PROP(Class, Value, kind)                                                          \
     Class* Class::create(oaObject* object, const oaString& name, Value lowerBound, Value value,    \
@@ -67,10 +71,18 @@ void changeText(oaProp* prop, std::string_view text, std::size_t element) {
         const PropPayload payload = rangePayload(lowerBound, value, upperBound);                   \
         return static_cast<Class*>(createProp(object, name, kind, payload));                       \
     }                                                                                              \
-    Value Class::getLowerBound() const { return recordOf<PropRecord>(this).value.get<Value>(0); }  \
-    Value Class::getValue() const { return recordOf<PropRecord>(this).value.get<Value>(1); }       \
-    Value Class::getUpperBound() const { return recordOf<PropRecord>(this).value.get<Value>(2); }  \
-    void Class::setValue(Value value) { changeValue(this, value, 1); }                             \
+    Value Class::getLowerBound() const {                                                           \
+        return recordOf<PropRecord>(this).value.get<Value>(0);                                     \
+    }                                                                                              \
+    Value Class::getValue() const {                                                                \
+        return recordOf<PropRecord>(this).value.get<Value>(1);                                     \
+    }                                                                                              \
+    Value Class::getUpperBound() const {                                                           \
+        return recordOf<PropRecord>(this).value.get<Value>(2);                                     \
+    }                                                                                              \
+    void Class::setValue(Value value) {                                                            \
+        changeValue(this, value, 1);                                                               \
+    }                                                                                              \
     void Class::set(Value lowerBound, Value value, Value upperBound) {                             \
         databaseOf(this).edit();                                                                   \
         recordOf<PropRecord>(this).value = rangePayload(lowerBound, value, upperBound);            \

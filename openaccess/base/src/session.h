@@ -19,8 +19,8 @@ struct AppDefRecord {
     std::string objectClass;
     AppValueKind kind = AppValueKind::Int;
     bool persistent = true;
-    std::uint64_t defaultBits = 0; // as AppValueRecord::bits
-    std::string defaultText;       // of the kinds that are texts
+    std::uint64_t defaultBits = 0;      // as AppValueRecord::bits
+    std::string defaultText;            // of the kinds that are texts
     oaObject* (*make)(void*) = nullptr; // the public class is a template of the client
 
     oaTypeEnum type() const;

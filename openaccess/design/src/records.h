@@ -202,56 +202,33 @@ struct InstParamRecord {
     }
 };
 
-/// A figure on a net.
-struct FigNetRecord {
+/// A figure and what it belongs to. It stands beside the figure's own record, so that a figure that
+/// belongs to nothing pays nothing.
+template <std::uint32_t ownerTable, bool (*mayBelong)(std::uint32_t figTable)>
+struct FigOwnerRecord {
     ObjectRef fig;
     std::uint32_t owner = 0;
-    static constexpr std::uint32_t kOwnerTable = kNetTable;
+    static constexpr std::uint32_t kOwnerTable = ownerTable;
 
     using Handle = oaObject;
     static constexpr oaTypeEnum kType = oacUnknownType;
 
     template <class Self, class Visitor>
     static void describe(Self& self, Visitor& visitor) {
-        visitor.require(holdsFigures(self.fig.table));
+        visitor.require(mayBelong(self.fig.table));
         visitor.object(self.fig);
         visitor.slot(kOwnerTable, self.owner);
     }
 };
+
+/// A figure on a net.
+using FigNetRecord = FigOwnerRecord<kNetTable, holdsFigures>;
 
 /// A figure of a pin.
-struct FigPinRecord {
-    ObjectRef fig;
-    std::uint32_t owner = 0;
-    static constexpr std::uint32_t kOwnerTable = kPinTable;
-
-    using Handle = oaObject;
-    static constexpr oaTypeEnum kType = oacUnknownType;
-
-    template <class Self, class Visitor>
-    static void describe(Self& self, Visitor& visitor) {
-        visitor.require(holdsFigures(self.fig.table));
-        visitor.object(self.fig);
-        visitor.slot(kOwnerTable, self.owner);
-    }
-};
+using FigPinRecord = FigOwnerRecord<kPinTable, holdsFigures>;
 
 /// A shape that was moved to another layer-purpose pair after it was made: its record stays in the
 /// table of its first pair, so that pointers to it stay valid.
-struct MovedShapeRecord {
-    ObjectRef fig;
-    std::uint32_t owner = 0;
-    static constexpr std::uint32_t kOwnerTable = kLPPHeaderTable;
-
-    using Handle = oaObject;
-    static constexpr oaTypeEnum kType = oacUnknownType;
-
-    template <class Self, class Visitor>
-    static void describe(Self& self, Visitor& visitor) {
-        visitor.require(self.fig.table >= kFirstVariableTable);
-        visitor.object(self.fig);
-        visitor.slot(kOwnerTable, self.owner);
-    }
-};
+using MovedShapeRecord = FigOwnerRecord<kLPPHeaderTable, holdsShapes>;
 
 } // namespace OpenAccess_4::impl

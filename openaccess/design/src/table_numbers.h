@@ -44,9 +44,13 @@ inline constexpr std::uint32_t kAttrDisplayKind = 60;
 inline constexpr std::uint32_t kEndOfShapeKinds = 61;
 inline constexpr std::uint32_t kShapeKinds = kEndOfShapeKinds - kFirstShapeKind;
 
-/// True for tables whose objects are figures: all variable tables of a design hold shapes.
+/// All variable tables of a design hold shapes.
+inline constexpr bool holdsShapes(std::uint32_t table) {
+    return table >= kFirstVariableTable;
+}
+
 inline constexpr bool holdsFigures(std::uint32_t table) {
-    return table == kInstTable || table >= kFirstVariableTable;
+    return table == kInstTable || holdsShapes(table);
 }
 
 } // namespace OpenAccess_4::impl

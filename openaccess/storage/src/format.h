@@ -10,7 +10,8 @@ namespace OpenAccess_4::impl {
 
 /// The first bytes of every database file. A high byte and both kinds of line ends show at once
 /// when a transfer has treated the file as text.
-inline constexpr std::array<unsigned char, 8> kMagic = {0x89, 'O', 'V', 'D', '\r', '\n', 0x1A, '\n'};
+inline constexpr std::array<unsigned char, 8> kMagic = {0x89, 'O',  'V',  'D',
+                                                        '\r', '\n', 0x1A, '\n'};
 inline constexpr std::uint32_t kFormatVersion = 1;
 inline constexpr std::uint64_t kSectionAlignment = 16;
 
@@ -39,7 +40,7 @@ struct SectionEntry {
 static_assert(sizeof(SectionEntry) == 48 && std::is_trivially_copyable_v<SectionEntry>);
 
 // Sections that are no tables.
-inline constexpr std::uint32_t kStringsSection = 0x1001;      // the texts, each with a NUL behind it
+inline constexpr std::uint32_t kStringsSection = 0x1001; // the texts, each with a NUL behind it
 inline constexpr std::uint32_t kStringStartsSection = 0x1002; // where each starts, and the end
 inline constexpr std::uint32_t kPointsSection = 0x1003;       // coordinate pairs
 

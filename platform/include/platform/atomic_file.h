@@ -34,15 +34,16 @@ private:
     bool committed = false;
 };
 
-/// True for the names that temporaryPathFor answers, which AtomicFile and createExclusively write to;
-/// listings leave them out.
+/// True for the names that temporaryPathFor answers, which AtomicFile and createExclusively write
+/// to; listings leave them out.
 bool isTemporaryName(std::string_view name) noexcept;
 
 /// A path beside `target` that this process has not answered before; nothing is created.
 std::string temporaryPathFor(const std::string& target);
 
-/// Removes temporary files and directories for `target` whose process on this host has ended without removing them.
-/// What a living process or another host wrote stays. Never throws: litter does no harm.
+/// Removes temporary files and directories for `target` whose process on this host has ended
+/// without removing them. What a living process or another host wrote stays. Never throws: litter
+/// does no harm.
 void removeStaleTemporaries(std::string_view target) noexcept;
 
 } // namespace platform

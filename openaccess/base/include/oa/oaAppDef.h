@@ -133,7 +133,8 @@ public:
     static oaStringAppDef* get(const oaString& name, const oaString& defaultValue = "",
                                oaBoolean persist = true) {
         return static_cast<oaStringAppDef*>(impl::AppDefs::get(
-            request(name), reinterpret_cast<const oaByte*>(static_cast<const oaChar*>(defaultValue)),
+            request(name),
+            reinterpret_cast<const oaByte*>(static_cast<const oaChar*>(defaultValue)),
             defaultValue.getLength(), persist, &impl::Handles::construct<oaStringAppDef>));
     }
 
@@ -143,9 +144,9 @@ public:
         value = oaString(reinterpret_cast<const oaChar*>(bytes), size);
     }
     void set(T* object, const oaString& value) {
-        impl::AppDefs::setBytes(
-            this, object, reinterpret_cast<const oaByte*>(static_cast<const oaChar*>(value)),
-            value.getLength());
+        impl::AppDefs::setBytes(this, object,
+                                reinterpret_cast<const oaByte*>(static_cast<const oaChar*>(value)),
+                                value.getLength());
     }
     void getDefault(oaString& value) const {
         oaUInt4 size = 0;
@@ -170,9 +171,8 @@ public:
     }
     static oaDataAppDef* get(const oaString& name, oaUInt4 size, const oaByte* defaultValue,
                              oaBoolean persist = true) {
-        return static_cast<oaDataAppDef*>(
-            impl::AppDefs::get(request(name), defaultValue, size, persist,
-                               &impl::Handles::construct<oaDataAppDef>));
+        return static_cast<oaDataAppDef*>(impl::AppDefs::get(
+            request(name), defaultValue, size, persist, &impl::Handles::construct<oaDataAppDef>));
     }
 
     oaUInt4 getSize() const {
@@ -206,9 +206,8 @@ public:
         return static_cast<oaVarDataAppDef*>(impl::AppDefs::find(request(name)));
     }
     static oaVarDataAppDef* get(const oaString& name, oaBoolean persist = true) {
-        return static_cast<oaVarDataAppDef*>(
-            impl::AppDefs::get(request(name), nullptr, 0, persist,
-                               &impl::Handles::construct<oaVarDataAppDef>));
+        return static_cast<oaVarDataAppDef*>(impl::AppDefs::get(
+            request(name), nullptr, 0, persist, &impl::Handles::construct<oaVarDataAppDef>));
     }
 
     /// The number of bytes of the object's value; 0 when it has none.

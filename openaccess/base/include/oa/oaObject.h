@@ -22,7 +22,9 @@ class Handles;
 #define OA_HANDLE(Class)                                                                           \
 protected:                                                                                         \
     Class() = default;                                                                             \
-    static const oaChar* handleClass() { return #Class; }                                          \
+    static const oaChar* handleClass() {                                                           \
+        return #Class;                                                                             \
+    }                                                                                              \
     friend class impl::Handles
 
 /// Base of everything that a database, the session or a library hands out by pointer.

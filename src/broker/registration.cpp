@@ -1,0 +1,7 @@
+#include "broker/registration.h"
+
+namespace ovalis {
+
+void registerPcellEvaluators() {}
+
+} // namespace ovalis
