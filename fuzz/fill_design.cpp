@@ -143,4 +143,11 @@ void fill(oa::oaDesign* design) {
     place(design);
 }
 
+void makeMaster(oa::oaDesign* design) {
+    oa::oaRect::create(oa::oaBlock::create(design), 1, kDrawing, oa::oaBox(0, 0, 10, 10));
+    oa::oaPcellDef* def = oa::oaPcellLink::getPcellDef("note");
+    def->addData("note", "definition data");
+    design->defineSuperMaster(def, allParams());
+}
+
 } // namespace fuzz

@@ -28,6 +28,7 @@ void writeSeeds(const std::string& directory) {
         fuzz::fill(filled);
         fuzz::destroyHalf(filled->getTopBlock());
     });
+    design("master", [](oa::oaDesign* made) { fuzz::makeMaster(made); });
     write(directory + "/seed_technology_empty", trial.techFile([](oa::oaTech*) {}));
     write(directory + "/seed_technology_full",
           trial.techFile([](oa::oaTech* tech) { fuzz::fill(tech); }));

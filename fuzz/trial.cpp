@@ -1,5 +1,6 @@
 #include "trial.h"
 
+#include "evaluator.h"
 #include "visit.h"
 
 #include "design/src/design_database.h"
@@ -79,6 +80,7 @@ auto openedOrNull(Open open) -> decltype(open()) {
 Trial::Trial(const std::string& directory) : directory_(directory) {
     oa::oaDesignInit();
     makeDefinitions();
+    makeEvaluator();
     lib_ = oa::oaLib::create(nameOf("lib"), directory_.c_str());
     lib_->getAccess(oa::oacWriteLibAccess);
     oa::oaDesign* design = openDesign('w');
@@ -87,6 +89,7 @@ Trial::Trial(const std::string& directory) : directory_(directory) {
     oa::oaTech* tech = oa::oaTech::create(lib_);
     tech->save();
     tech->purge();
+    emptyTech_ = platform::readFile(techPath());
 }
 
 Trial::~Trial() {
@@ -130,6 +133,11 @@ bool Trial::runDesign(std::span<const std::byte> bytes) {
 }
 
 bool Trial::runTech(std::span<const std::byte> bytes) {
+    // Designs look into the technology of their library: later inputs must not meet this one.
+    struct Guard {
+        const Trial& trial;
+        ~Guard() { writeFile(trial.techPath(), std::as_bytes(std::span(trial.emptyTech_))); }
+    } guard{*this};
     writeFile(techPath(), bytes);
     oa::oaTech* tech = openedOrNull([this] { return oa::oaTech::open(lib_, 'a'); });
     if (!tech)

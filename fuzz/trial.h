@@ -38,6 +38,7 @@ private:
 
     std::string directory_;
     oa::oaLib* lib_;
+    std::string emptyTech_; // the file of a technology without anything
 };
 
 } // namespace fuzz

@@ -24,4 +24,7 @@ void destroyHalf(oa::oaBlock* block);
 void fill(oa::oaDesign* design);
 void fill(oa::oaTech* tech);
 
+/// Makes an empty design a super master with parameters of every kind.
+void makeMaster(oa::oaDesign* design);
+
 } // namespace fuzz

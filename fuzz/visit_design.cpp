@@ -31,6 +31,28 @@ void visitParam(const oa::oaParam& param, Digest& digest) {
     }
 }
 
+void visitParams(const oa::oaParamArray& params, Digest& digest) {
+    digest.add(params.getNumElements());
+    for (oa::oaUInt4 i = 0; i < params.getNumElements(); ++i)
+        visitParam(params[i], digest);
+}
+
+void visitPcell(const oa::oaDesign* design, Digest& digest) {
+    digest.add(design->isSuperMaster());
+    if (!design->isSuperMaster())
+        return;
+    oa::oaString text;
+    design->getPcellEvaluatorName(text);
+    digest.add(text);
+    if (oa::oaPcellDef* def = design->getPcellDef()) {
+        def->getDataValue("note", text);
+        digest.add(text);
+    }
+    oa::oaParamArray params;
+    design->getParams(params);
+    visitParams(params, digest);
+}
+
 void visitInst(const oa::oaInst* inst, Digest& digest) {
     const oa::oaNativeNS ns;
     oa::oaString name;
@@ -54,8 +76,7 @@ void visitInst(const oa::oaInst* inst, Digest& digest) {
     digest.add(inst->getPlacementStatus());
     oa::oaParamArray params;
     inst->getParams(params);
-    for (oa::oaUInt4 i = 0; i < params.getNumElements(); ++i)
-        visitParam(params[i], digest);
+    visitParams(params, digest);
 }
 
 void visitPin(const oa::oaPin* pin, Digest& digest) {
@@ -145,6 +166,7 @@ std::uint64_t visitDesign(const oa::oaDesign* design) {
     visitObject(design, digest);
     digest.add(design->getCellType());
     digest.add(design->getCreateTime());
+    visitPcell(design, digest);
     const oa::oaBlock* block = design->getTopBlock();
     digest.add(block != nullptr);
     if (!block)

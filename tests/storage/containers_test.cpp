@@ -104,4 +104,14 @@ TEST(StringPool, FindsItsTextsAgainWhenTheyCameFromAFile) {
     EXPECT_EQ(pool.intern("text 1000"), ids.back() + 1);
 }
 
+TEST(StringPool, NoticesTextsThatStandTwiceInAFile) {
+    const auto isSound = [](std::string bytes, std::vector<std::uint32_t> starts) {
+        return StringPool(std::vector<char>(bytes.begin(), bytes.end()), std::move(starts))
+            .isSound();
+    };
+    EXPECT_TRUE(isSound(std::string("\0ab\0a\0", 6), {0, 1, 4, 6}));
+    EXPECT_FALSE(isSound(std::string("\0a\0a\0", 5), {0, 1, 3, 5}));
+    EXPECT_FALSE(isSound(std::string("\0\0", 2), {0, 1, 2}));
+}
+
 } // namespace

@@ -346,6 +346,19 @@ TEST_F(Attachments, KnowApplicationValuesOfEveryKind) {
     EXPECT_STREQ(string, "nothing");
 }
 
+TEST_F(Attachments, GiveTheDefaultForStoredBytesOfAnotherSize) {
+    const oaByte bytes[] = {1, 2};
+    auto* data = oaDataAppDef<oaObject>::get("objects_test sized", 2, bytes);
+    const oaByte other[] = {7, 8};
+    data->set(object, other);
+    AppValueRecord& value = database.appValues.get(locationOf(object).ref, data);
+    value.text = database.strings.intern("longer than two");
+    oaByte read[2] = {};
+    data->get(object, read);
+    EXPECT_EQ(read[0], 1);
+    EXPECT_EQ(read[1], 2);
+}
+
 TEST_F(Attachments, FindADefinitionByKindAndName) {
     auto* def = oaIntAppDef<oaObject>::get("objects_test find", 3, false);
     oaString name;

@@ -19,6 +19,13 @@ const oaByte* bytesOf(std::string_view text, oaUInt4& size) {
     return reinterpret_cast<const oaByte*>(text.data());
 }
 
+/// False for a value that a file holds under the name of a definition with another size: clients
+/// have made room for the size of the definition.
+bool isOfRightSize(const oaAppDef* def, oaUInt4 size) {
+    const AppDefRecord& record = recordOf<AppDefRecord>(def);
+    return record.kind != AppValueKind::Data || record.defaultText.size() == size;
+}
+
 oaAppDef* addDef(AppDefRecord record) {
     Table<AppDefRecord>& defs = Session::instance().appDefs();
     return static_cast<oaAppDef*>(defs.handle(defs.add(std::move(record))));
@@ -67,9 +74,12 @@ oaUInt8 AppDefs::defaultBits(const oaAppDef* def) {
 
 const oaByte* AppDefs::bytes(const oaAppDef* def, const oaObject* object, oaUInt4& size) {
     const Location owner = locationOf(object);
-    const AppValueRecord* value = owner.database->appValues.find(owner.ref, def);
-    return value ? bytesOf(owner.database->strings.text(value->text), size)
-                 : defaultBytes(def, size);
+    if (const AppValueRecord* value = owner.database->appValues.find(owner.ref, def)) {
+        const oaByte* stored = bytesOf(owner.database->strings.text(value->text), size);
+        if (isOfRightSize(def, size))
+            return stored;
+    }
+    return defaultBytes(def, size);
 }
 
 void AppDefs::setBytes(const oaAppDef* def, oaObject* object, const oaByte* bytes, oaUInt4 size) {

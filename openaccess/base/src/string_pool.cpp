@@ -22,6 +22,14 @@ StringPool::StringPool() : bytes_(1, '\0'), starts_{0, 1} {}
 StringPool::StringPool(std::vector<char> bytes, std::vector<std::uint32_t> starts)
     : bytes_(std::move(bytes)), starts_(std::move(starts)) {}
 
+bool StringPool::isSound() const {
+    index();
+    for (StringId id = 0; id < count(); ++id)
+        if (index_[position(text(id), hashes_[id])] != id)
+            return false;
+    return true;
+}
+
 StringId StringPool::intern(std::string_view text) {
     if (text.empty())
         return 0;

@@ -12,8 +12,11 @@ class StringPool {
 public:
     StringPool();
 
-    /// Takes over the two arrays of a database file, which the caller has verified.
+    /// Takes over the two arrays of a database file, whose form the caller has verified.
     StringPool(std::vector<char> bytes, std::vector<std::uint32_t> starts);
+
+    /// False when a text stands twice in what came from a file.
+    bool isSound() const;
 
     /// The number of `text`, which is added when it is new.
     /// @throws oaError  oacStringPoolFull: the pool would pass 4 GiB.
@@ -41,8 +44,7 @@ private:
 
     std::vector<char> bytes_;
     std::vector<std::uint32_t> starts_;
-    // Open addressing over text numbers. Built at the first look-up: a database that is only
-    // read through never pays for it.
+    // Open addressing over text numbers, built at the first look-up.
     mutable std::vector<std::uint32_t> hashes_;
     mutable std::vector<StringId> index_;
 };

@@ -24,7 +24,7 @@ DesignNames designNames(const oaScalarName& lib, const oaScalarName& cell,
 }
 
 oaScalarName scalarName(const char* internal) {
-    return oaScalarName(oaNativeNS(), internal);
+    return *internal ? oaScalarName(oaNativeNS(), internal) : oaScalarName();
 }
 
 void spell(const char* internal, const oaNameSpace& ns, oaString& out) {

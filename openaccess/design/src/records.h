@@ -81,6 +81,7 @@ struct NetRecord {
     template <class Self, class Visitor>
     static void describe(Self& self, Visitor& visitor) {
         visitor.string(self.name);
+        visitor.require(self.name != 0); // no empty name
         visitor.enumerator(self.sigType, oacResetSigType + 1);
         visitor.enumerator(self.isGlobal, 2);
         visitor.enumerator(self.visibility, oacExcludeFromModuleDomain + 1);
@@ -103,6 +104,7 @@ struct TermRecord {
     template <class Self, class Visitor>
     static void describe(Self& self, Visitor& visitor) {
         visitor.string(self.name);
+        visitor.require(self.name != 0); // no empty name
         visitor.slot(kNetTable, self.net);
         visitor.enumerator(self.termType, oacTristateTermType + 1);
         visitor.enumerator(self.isInterface, 2);
@@ -169,6 +171,7 @@ struct InstRecord {
     template <class Self, class Visitor>
     static void describe(Self& self, Visitor& visitor) {
         visitor.string(self.name);
+        visitor.require(self.name != 0); // no empty name
         visitor.slot(kMasterTable, self.master);
         visitor.enumerator(self.orient, oacMXR90 + 1);
         visitor.enumerator(self.isArray, 2);

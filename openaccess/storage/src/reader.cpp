@@ -192,6 +192,8 @@ private:
                 stringBytes_[starts[i] - 1] != '\0')
                 damaged("has a damaged text section");
         database_.strings = StringPool(std::move(stringBytes_), std::move(stringStarts_));
+        if (!database_.strings.isSound())
+            damaged("has a text twice");
     }
 
     void checkRecords() {

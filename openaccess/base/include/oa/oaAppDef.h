@@ -3,6 +3,7 @@
 #include "oa/oaSession.h"
 #include "oa/oaString.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -184,7 +185,7 @@ public:
     void get(const T* object, oaByte* value) const {
         oaUInt4 size = 0;
         const oaByte* bytes = impl::AppDefs::bytes(this, object, size);
-        std::memcpy(value, bytes, size);
+        std::copy_n(bytes, size, value);
     }
     void set(T* object, const oaByte* value) {
         impl::AppDefs::setBytes(this, object, value, getSize());
@@ -220,7 +221,7 @@ public:
     void get(const T* object, oaByte* value) const {
         oaUInt4 size = 0;
         const oaByte* bytes = impl::AppDefs::bytes(this, object, size);
-        std::memcpy(value, bytes, size);
+        std::copy_n(bytes, size, value); // null is fine for no bytes
     }
     void set(T* object, oaUInt4 size, const oaByte* value) {
         impl::AppDefs::setBytes(this, object, value, size);
