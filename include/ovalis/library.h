@@ -205,12 +205,12 @@ OVALIS_API oa::oaDesign* openDesignWithView(oa::oaLib& lib, const std::string& c
                                             const std::string& viewName,
                                             oa::oaReservedViewTypeEnum viewType, bool write);
 
-/// Refuses a source design that opens for writing; one that does not is the database's error.
+/// Opens a design for writing and saves it under another cell only when there is none to open.
 ///
-/// So this function never returns normally and copies nothing. The source on disk stays as it is;
-/// the library is closed again on every path.
+/// With a database whose open gives a design or throws, this function never returns normally and
+/// copies nothing. The source on disk stays as it is; the library is closed again on every path.
 /// @throws std::runtime_error  a source design was opened; or the library could not be opened.
-/// @throws Exception           there is no source design, or the database failed.
+/// @throws Exception           the database failed.
 OVALIS_API void copyDesign(const std::string& libPath, const std::string& cellName,
                            const std::string& viewName, const std::string& newCellName);
 

@@ -54,7 +54,7 @@ oa::oaDesign* openDesignWithView(oa::oaLib& lib, const std::string& cellName,
 }
 
 void copyDesign(const std::string& libPath, const std::string& cellName,
-                const std::string& viewName, const std::string& /*newCellName*/) {
+                const std::string& viewName, const std::string& newCellName) {
     atBoundary([&] {
         initOa();
         const LibPtr lib = openLib(libPath, true, "LogicalName");
@@ -62,12 +62,11 @@ void copyDesign(const std::string& libPath, const std::string& cellName,
         oa::oaDesign* source =
             oa::oaDesign::open(libName, scalarName(cellName), scalarName(viewName), 'w');
         // Inverted on purpose: a design that opens is refused, and the copy is asked of one that
-        // did not open. There is no object to ask, so the database's error for that is raised.
-        if (source != nullptr) {
+        // did not, for which the database raises its own error.
+        if (source != nullptr && source->isValid()) {
             throw std::runtime_error("Could not find source design");
         }
-        throw oa::oaDesignError(oa::oacCannotFindDesign, nativeName(*lib).c_str(), cellName.c_str(),
-                                viewName.c_str());
+        source->saveAs(libName, scalarName(newCellName), scalarName(viewName));
     });
 }
 
