@@ -71,6 +71,7 @@ TEST(Purpose, CannotHaveAReservedNumber) {
 TEST(Purpose, ThatIsReservedCannotBeChanged) {
     NewTech tech;
     oaPurpose* drawing = oaPurpose::get(tech, oacDrawingPurposeType);
+    EXPECT_EQ(drawing->getNumber(), oavPurposeNumberDrawing);
     const std::string text = "Purpose number 4294967295 is reserved.";
     EXPECT_EQ(thrown<oaTechError>(oacPurposeNumberIsReserved, [&] { drawing->setName("d"); }),
               text);

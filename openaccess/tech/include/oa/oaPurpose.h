@@ -6,6 +6,9 @@
 
 namespace OpenAccess_4 {
 
+/// The number of the reserved purpose "drawing".
+inline constexpr oaPurposeNum oavPurposeNumberDrawing = 0xFFFFFFFFu;
+
 /// What shapes of a layer are for. Its name and its number are its own in the technology.
 ///
 /// Every technology has one reserved purpose for each oaPurposeType; its number is 0xFFFFFFFF minus
