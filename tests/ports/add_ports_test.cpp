@@ -178,7 +178,7 @@ TEST_F(Ports, MayBeNone) {
     ASSERT_NE(layout().getTopBlock(), nullptr);
     EXPECT_EQ(netsOf(block()), Texts{});
     EXPECT_EQ(portsOf(block()), Texts{});
-    EXPECT_TRUE(block()->getShapes().isEmpty());
+    EXPECT_TRUE(block().getShapes().isEmpty());
 }
 
 TEST_F(Ports, MayBeNoneOnASharedNetAndMakeNothing) {
