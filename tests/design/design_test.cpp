@@ -412,6 +412,19 @@ TEST_F(OpenDesignTest, ABlockGoesWithEverythingInIt) {
     EXPECT_TRUE(again->getNets().isEmpty());
 }
 
+TEST_F(OpenDesignTest, ADesignWithoutItsBlockCanBeSavedAndRead) {
+    oaDesign* design = makeBlock()->getDesign();
+    addDot(design);
+    oaScalarInst::create(design->getTopBlock(), name("lib"), name("x"), name("layout"),
+                         oaTransform());
+    design->getTopBlock()->destroy();
+    design->saveAs(name("lib"), name("copy"), name("layout"));
+    design->save();
+    design->close();
+    EXPECT_EQ(open("cell", 'r')->getTopBlock(), nullptr);
+    EXPECT_EQ(open("copy", 'r')->getTopBlock(), nullptr);
+}
+
 TEST_F(OpenDesignTest, AFailedSaveLeavesTheOldFileAndTheDesign) {
     makeSaved();
     oaDesign* design = open("cell", 'a');

@@ -164,6 +164,20 @@ TEST_F(InstTest, ABoundMasterStaysOpenForItsInstances) {
     EXPECT_FALSE(design->isValid());
 }
 
+TEST_F(InstTest, EmptyingADesignLetsItsMastersGo) {
+    master->getDesign()->save();
+    master->getDesign()->close();
+    oaScalarInst* a = oaScalarInst::create(block, name("lib"), name("master"), name("layout"),
+                                           name("a"), oaTransform());
+    oaScalarInst::create(block, block->getDesign(), name("self"), oaTransform());
+    oaDesign* opened = a->getMaster();
+    ASSERT_NE(opened, nullptr);
+    oaDesign* design = block->getDesign();
+    design->reopen('w');
+    EXPECT_FALSE(opened->isValid());
+    EXPECT_TRUE(design->isValid());
+}
+
 TEST_F(InstTest, PurgingAMasterUnbindsItsInstances) {
     oaScalarInst* a = inst("a");
     master->getDesign()->save();

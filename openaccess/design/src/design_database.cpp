@@ -94,6 +94,7 @@ void DesignDatabase::destroyBlock() {
     const std::uint32_t slot = slotOf(block());
     forgetAttachments({kBlockTable, slot});
     blocks.destroy(slot);
+    dropUnused();
 }
 
 void DesignDatabase::destroyFig(const ObjectRef& fig) {

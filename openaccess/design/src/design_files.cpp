@@ -7,6 +7,7 @@
 #include "storage/src/format.h"
 
 #include "platform/file.h"
+#include "platform/system_error.h"
 
 #include <array>
 #include <utility>
@@ -104,8 +105,12 @@ bool hasContent(const std::string& path) {
 
 std::string headerOf(const std::string& path) {
     std::string header(sizeof(FileHeader), '\0');
-    platform::File file(path, platform::OpenMode::read);
-    header.resize(file.read(header.data(), header.size()));
+    try {
+        platform::File file(path, platform::OpenMode::read);
+        header.resize(file.read(header.data(), header.size()));
+    } catch (const platform::SystemFailure&) {
+        header.clear(); // removed by somebody else
+    }
     return header;
 }
 

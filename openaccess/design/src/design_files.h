@@ -40,7 +40,8 @@ DesignPlace makePlace(const oaLib* lib, const DesignNames& names, const oaViewTy
 /// True when there is a file with a content.
 bool hasContent(const std::string& path);
 
-/// The first bytes of a database file: their checksums tell one content from another.
+/// The first bytes of a database file: their checksums tell one content from another. Empty when
+/// there is no file.
 std::string headerOf(const std::string& path);
 
 } // namespace OpenAccess_4::impl

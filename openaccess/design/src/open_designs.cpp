@@ -33,11 +33,23 @@ void requireMode(const DesignNames& names, oaChar mode) {
         throw errorOf(oacOpenUndefinedModeDesign, names, mode);
 }
 
+/// Purges masters that only the content of a design that is gone was bound to.
+void purgeUnused(const std::vector<oaDesign*>& masters) {
+    for (oaDesign* master : masters)
+        if (master->isValid() && refCountOf(master) == 0)
+            purgeDesign(master);
+}
+
 /// Puts other content in the place of what the design may have.
 void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content) {
-    if (design.content)
+    std::vector<oaDesign*> masters;
+    if (design.content) {
         design.content->pcell.unbind();
+        masters = design.content->instances.boundMasters();
+        std::erase(masters, design.content->design());
+    }
     design.content = std::move(content);
+    purgeUnused(masters);
 }
 
 void makeEmpty(OpenDesignRecord& design, std::uint32_t slot) {
@@ -153,20 +165,14 @@ oaDesign* openAgain(oaDesign* open, const oaViewType* wanted, oaChar mode) {
 
 /// Takes back what was made on disk for a design that was never saved.
 void removeFromDisk(const OpenDesignRecord& design) {
+    if (!design.place.cellViewIsNew || hasContent(design.path))
+        return;
     try {
         const DesignAccess access(design.lib, design.names, oacWriteLibAccess);
-        if (!hasContent(design.path))
-            removeUnsaved(design.place);
+        removeUnsaved(design.place);
     } catch (const oaException&) {
         // An empty cell view is left behind. Closing a design does not fail for it.
     }
-}
-
-/// Purges masters that only a design that is gone was bound to.
-void purgeUnused(const std::vector<oaDesign*>& masters) {
-    for (oaDesign* master : masters)
-        if (master->isValid() && refCountOf(master) == 0)
-            purgeDesign(master);
 }
 
 void purgeDesignsOf(const oaLib* lib) {
@@ -257,6 +263,7 @@ void saveDesign(oaDesign* design) {
     record.content->dropUnused();
     writeDatabaseFile(record.path, DatabaseFileKind::Design, *record.content);
     record.content->setModified(false);
+    record.place = {};
     record.header = headerOf(record.path);
     record.lastSavedTime = now();
 }

@@ -23,7 +23,8 @@ ShapeTables::ShapeTables(DesignDatabase& database)
     : database_(database),
       layers_(database.addTable<LayerHeaderRecord>(kLayerHeaderTable)),
       pairs_(database.addTable<LPPHeaderRecord>(kLPPHeaderTable)),
-      moved_(database.addTable<MovedShapeRecord>(kMovedShapeTable)) {}
+      movedTable_(database.addTable<MovedShapeRecord>(kMovedShapeTable)),
+      moved_(movedTable_) {}
 
 std::uint32_t ShapeTables::findLayer(oaLayerNum layer) {
     catchUp();
@@ -59,13 +60,19 @@ oaPurposeNum ShapeTables::purposeOf(std::uint32_t pair) const {
     return pairs_[pair].purpose;
 }
 
-bool ShapeTables::isPairUsed(std::uint32_t pair) {
-    if (anyMoved())
-        return !shapesOf(pair).empty();
+std::uint32_t ShapeTables::countOf(std::uint32_t pair) {
+    std::uint32_t count = 0;
     for (const TableBase* table : tablesOf(pair))
-        if (table->live() > 0)
-            return true;
-    return false;
+        count += table->live();
+    movedTable_.forEach([&](std::uint32_t, const MovedShapeRecord& moved) {
+        count += moved.owner == pair;
+        count -= database_.table(moved.fig.table)->id().parameter == pair;
+    });
+    return count;
+}
+
+bool ShapeTables::isPairUsed(std::uint32_t pair) {
+    return countOf(pair) > 0;
 }
 
 bool ShapeTables::isLayerUsed(std::uint32_t layerHeader) {

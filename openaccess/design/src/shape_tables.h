@@ -97,10 +97,12 @@ private:
     const oaBox& extentOfTable(const TableBase& table);
     void catchUp();
     bool isPairNeeded(std::uint32_t pair);
+    std::uint32_t countOf(std::uint32_t pair);
 
     DesignDatabase& database_;
     Table<LayerHeaderRecord>& layers_;
     Table<LPPHeaderRecord>& pairs_;
+    Table<MovedShapeRecord>& movedTable_;
     FigOwners<MovedShapeRecord> moved_;
     std::map<oaLayerNum, std::uint32_t> layerSlots_;
     std::map<std::pair<oaLayerNum, oaPurposeNum>, std::uint32_t> pairSlots_;
