@@ -93,7 +93,10 @@ public:
                    "purpose": "drawing", "x": 45, "y": 15}]
     })");
 
-    std::string path(const std::string& name) const { return directory_.str() + "/" + name; }
+    /// A path in the workplace; the workplace itself for an empty name.
+    std::string path(const std::string& name) const {
+        return name.empty() ? directory_.str() : directory_.str() + "/" + name;
+    }
     std::string library() const { return path("lib"); }
     std::string componentFile() const {
         ovalis::test::writeText(path("component.json"), component.dump());
