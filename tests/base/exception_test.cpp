@@ -47,8 +47,16 @@ TEST(Exception, OfAForeignDataModelTellsWhereTheDatabaseComesFrom) {
     EXPECT_EQ(error.getDBDataModelRev(), 9u);
     EXPECT_EQ(error.getKitDataModelRev(), oacDataModelRevNumber);
     EXPECT_EQ(error.getDataModelBuildName(), "30.00.p001");
+    EXPECT_EQ(error.getKitBuildName(), "22.60.p000");
     EXPECT_EQ(error.getMsg(), "Database 'lib/tech.db' has data model revision 9 (build "
                               "'30.00.p001'), the library reads up to 6.");
+}
+
+TEST(Exception, OfAForeignDataModelTellsWhatTheApplicationAskedFor) {
+    oaBaseInit(6, 603, 4);
+    EXPECT_EQ(oaCompatibilityError("x", 9, "y").getAppDataModelRev(), 4u);
+    oaBaseInit();
+    EXPECT_EQ(oaCompatibilityError("x", 9, "y").getAppDataModelRev(), oacDataModelRevNumber);
 }
 
 TEST(Exception, CrossesTheEdgeOfTheLibraryAndIsCopied) {
