@@ -22,6 +22,7 @@
 #include "oaNameMem.h"
 #include "oaNameSpace.h"
 #include "oaObject.h"
+#include "oaObserver.h"
 #include "oaOrient.h"
 #include "oaPackedData.h"
 #include "oaParam.h"
