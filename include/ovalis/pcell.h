@@ -102,6 +102,18 @@ public:
     void getName(oa::oaString& name) override;
 };
 
+// Identity of submasters
+
+/// Returns what names the evaluated submaster in a cache: the SHA-256 digest of library, cell and
+/// view name and all parameter values, defaults included, as 64 lower-case hexadecimal digits.
+///
+/// The order of the parameters does not count; of several with one name the last counts. A super
+/// master has the identity of the submaster with its defaults, and a design that is no pcell that
+/// of one without parameters.
+/// @throws std::runtime_error  the design is null or invalid.
+/// @throws Exception           the database failed.
+OVALIS_API std::string calculateSubmasterIdHash(oa::oaDesign* design);
+
 // Component parameters
 
 /// Describes one parameter of a component.

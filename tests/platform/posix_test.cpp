@@ -3,12 +3,14 @@
 #include "platform/atomic_file.h"
 #include "platform/exclusive_file.h"
 #include "platform/file_lock.h"
+#include "platform/processor.h"
 
 #include "ordinary_user.h"
 #include "platform_tests.h"
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -176,4 +178,18 @@ TEST_F(PosixTest, SharedLockInAReadOnlyDirectoryNeedsAnExistingFile) {
         EXPECT_THROW(FileLock::tryAcquire(path("other"), LockKind::shared), SystemFailure);
     }
     setMode("", 0777);
+}
+
+TEST(PosixProcessor, HasTheInstructionsThatTheSystemLists) {
+    std::ifstream file("/proc/cpuinfo");
+    std::string word;
+    bool hasSha = false;
+    bool hasSsse3 = false;
+    while (file >> word) {
+        hasSha = hasSha || word == "sha_ni";
+        hasSsse3 = hasSsse3 || word == "ssse3";
+    }
+    if (word.empty())
+        GTEST_SKIP() << "this system has no list of its processors' features";
+    EXPECT_EQ(hasSha256Instructions(), hasSha && hasSsse3);
 }

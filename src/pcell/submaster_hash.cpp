@@ -1,0 +1,20 @@
+#include <ovalis/pcell.h>
+
+#include <stdexcept>
+
+#include "core/boundary.h"
+#include "pcell/submaster_identity.h"
+
+namespace ovalis {
+
+std::string calculateSubmasterIdHash(oa::oaDesign* design) {
+    return atBoundary([&] {
+        initOa();
+        if (design == nullptr || !design->isValid()) {
+            throw std::runtime_error("Invalid design given.");
+        }
+        return submasterIdHash(*design);
+    });
+}
+
+} // namespace ovalis
