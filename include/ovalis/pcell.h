@@ -114,6 +114,23 @@ public:
 /// @throws Exception           the database failed.
 OVALIS_API std::string calculateSubmasterIdHash(oa::oaDesign* design);
 
+/// What identifies a submaster.
+struct SubmasterIdentity {
+    /// Names and parameters in the form that is the same however the parameters are ordered.
+    std::string bytes;
+    /// The digest of those bytes, as `calculateSubmasterIdHash` gives it.
+    std::string hash;
+};
+
+/// Identifies the submaster of the pcell `libName`, `cellName`, `viewName` that has these
+/// parameters, defaults included, without making or evaluating it.
+/// @throws std::runtime_error  a parameter has a type without an encoding.
+/// @throws Exception           the database failed.
+OVALIS_API SubmasterIdentity identifySubmaster(const std::string& libName,
+                                               const std::string& cellName,
+                                               const std::string& viewName,
+                                               const oa::oaParamArray& params);
+
 // Component parameters
 
 /// Describes one parameter of a component.

@@ -17,4 +17,12 @@ std::string calculateSubmasterIdHash(oa::oaDesign* design) {
     });
 }
 
+SubmasterIdentity identifySubmaster(const std::string& libName, const std::string& cellName,
+                                    const std::string& viewName, const oa::oaParamArray& params) {
+    return atBoundary([&] {
+        initOa();
+        return submasterIdentity(toOa(libName), toOa(cellName), toOa(viewName), params);
+    });
+}
+
 } // namespace ovalis

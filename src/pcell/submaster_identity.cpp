@@ -30,6 +30,12 @@ std::string hexadecimal(const Sha256Digest& digest) {
     return text;
 }
 
+std::string digestOf(const ByteBuffer& bytes) {
+    Sha256 hash;
+    hash.add(bytes.view());
+    return hexadecimal(hash.finish());
+}
+
 } // namespace
 
 oa::oaParamArray identityParams(const oa::oaDesign& design) {
@@ -46,12 +52,20 @@ void appendIdentity(ByteBuffer& bytes, const oa::oaDesign& design) {
     CanonicalParams(params).appendTo(bytes);
 }
 
+SubmasterIdentity submasterIdentity(const oa::oaString& libName, const oa::oaString& cellName,
+                                    const oa::oaString& viewName, const oa::oaParamArray& params) {
+    ByteBuffer bytes;
+    encodeText(bytes, libName);
+    encodeText(bytes, cellName);
+    encodeText(bytes, viewName);
+    CanonicalParams(params).appendTo(bytes);
+    return {std::string(bytes.view()), digestOf(bytes)};
+}
+
 std::string submasterIdHash(const oa::oaDesign& design) {
     ByteBuffer bytes;
     appendIdentity(bytes, design);
-    Sha256 hash;
-    hash.add(bytes.view());
-    return hexadecimal(hash.finish());
+    return digestOf(bytes);
 }
 
 } // namespace ovalis

@@ -89,3 +89,13 @@ TEST_F(SubmasterHash, NeedsADesign) {
     EXPECT_EQ(failureOf([] { calculateSubmasterIdHash(nullptr); }), "Invalid design given.");
     EXPECT_EQ(failureOf([&] { calculateSubmasterIdHash(&gone); }), "Invalid design given.");
 }
+
+TEST_F(SubmasterHash, IsKnownWithoutTheSubmaster) {
+    oa::oaDesign& master = superMaster("resistor", {{"w", 2.5}, {"n", 3}});
+    oa::oaParamArray params;
+    params.append(oa::oaParam("n", 3));
+    params.append(oa::oaParam("w", 2.5));
+    const SubmasterIdentity identity = identifySubmaster("lib", "resistor", "layout", params);
+    EXPECT_EQ(identity.bytes, bytesOf(master));
+    EXPECT_EQ(identity.hash, calculateSubmasterIdHash(&master));
+}
