@@ -21,4 +21,8 @@ char pathListSeparator() noexcept {
     return ':';
 }
 
+const char* libraryPathVariable() noexcept {
+    return "LD_LIBRARY_PATH";
+}
+
 } // namespace platform

@@ -57,6 +57,11 @@ ProcessId currentProcessId() noexcept {
     return static_cast<ProcessId>(::getpid());
 }
 
+// The listing itself holds one while it is made.
+std::size_t openHandleCount() {
+    return listDirectory("/proc/self/fd").size() - 1;
+}
+
 const char* systemName() noexcept {
     return "unix";
 }

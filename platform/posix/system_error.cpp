@@ -9,6 +9,15 @@ SystemError lastSystemError() noexcept {
     return SystemError(errno);
 }
 
+void setLastSystemError(SystemError error) noexcept {
+    errno = static_cast<int>(error.code());
+}
+
+std::string lastSystemErrorText() {
+    const SystemError error = lastSystemError();
+    return error.code() == 0 ? std::string() : error.text();
+}
+
 std::string SystemError::text() const {
     return std::generic_category().message(static_cast<int>(value));
 }

@@ -1,7 +1,7 @@
 #include "platform/child_process.h"
 
 #include "platform/path.h"
-#include "windows/wide.h"
+#include "windows/create_process.h"
 
 namespace platform {
 
@@ -44,21 +44,6 @@ Handle outputEnd(const std::string& path, DWORD ownStream) {
     return Handle(copy);
 }
 
-// Under load a new process is sometimes lost before its first instruction, which the system reports
-// as an internal error of its own. Nothing of the program has run then, so it is started again.
-bool createProcess(const std::wstring& name, const std::wstring& commandLine, STARTUPINFOW& startup,
-                   PROCESS_INFORMATION& started) {
-    constexpr int attempts = 5;
-    for (int attempt = 1;; ++attempt) {
-        std::wstring line = commandLine; // the call may write into it
-        if (CreateProcessW(name.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                           &startup, &started))
-            return true;
-        if (GetLastError() != ERROR_INTERNAL_ERROR || attempt == attempts)
-            return false;
-    }
-}
-
 } // namespace
 
 ChildProcess::ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
@@ -78,7 +63,7 @@ ChildProcess::ChildProcess(const std::string& program, const std::vector<std::st
     startup.hStdOutput = output.get();
     startup.hStdError = errors.get();
     PROCESS_INFORMATION started = {};
-    if (!createProcess(name, commandLine, startup, started))
+    if (!internal::createProcess(name, commandLine, true, 0, startup, started))
         internal::fail("cannot start program", program);
     CloseHandle(started.hThread);
     handle = started.hProcess;

@@ -40,4 +40,8 @@ char pathListSeparator() noexcept {
     return ';';
 }
 
+const char* libraryPathVariable() noexcept {
+    return "PATH";
+}
+
 } // namespace platform

@@ -180,7 +180,16 @@ std::string canonicalPath(std::string_view path) {
 }
 
 std::string currentDirectory() {
-    return absolutePath(".");
+    std::wstring buffer(256, L'\0');
+    for (;;) {
+        const DWORD length = GetCurrentDirectoryW(static_cast<DWORD>(buffer.size()), buffer.data());
+        if (length == 0)
+            fail("cannot find the working directory", ".");
+        const bool fits = length < buffer.size();
+        buffer.resize(length);
+        if (fits)
+            return internal::narrow(buffer);
+    }
 }
 
 } // namespace platform

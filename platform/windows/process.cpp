@@ -32,6 +32,12 @@ ProcessId currentProcessId() noexcept {
     return GetCurrentProcessId();
 }
 
+std::size_t openHandleCount() {
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+}
+
 const char* systemName() noexcept {
     return "windows";
 }

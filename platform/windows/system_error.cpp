@@ -2,10 +2,29 @@
 
 #include "windows/wide.h"
 
+#include <memory>
+
 namespace platform {
 
 SystemError lastSystemError() noexcept {
     return SystemError(static_cast<long>(GetLastError()));
+}
+
+void setLastSystemError(SystemError error) noexcept {
+    SetLastError(static_cast<DWORD>(error.code()));
+}
+
+std::string lastSystemErrorText() {
+    const DWORD error = GetLastError();
+    if (error == ERROR_SUCCESS)
+        return {};
+    char* buffer = nullptr;
+    const DWORD length = FormatMessageA(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, error, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&buffer),
+        0, nullptr);
+    const std::unique_ptr<char, decltype(&LocalFree)> owner(buffer, &LocalFree);
+    return std::string(buffer, length);
 }
 
 std::string SystemError::text() const {

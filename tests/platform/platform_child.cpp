@@ -4,6 +4,7 @@
 #include "platform/atomic_file.h"
 #include "platform/exclusive_file.h"
 #include "platform/file_lock.h"
+#include "platform/pipe.h"
 #include "platform/process.h"
 #include "platform/text.h"
 
@@ -37,6 +38,22 @@ int writeAndDie(const std::string& path) {
         std::this_thread::sleep_for(std::chrono::seconds(1));
 }
 
+// Sends back what comes, until nothing comes any more.
+int echoPipe(const std::string& input, const std::string& output) {
+    platform::PipeEnd reading = platform::pipeEndFromText(input);
+    platform::PipeEnd writing = platform::pipeEndFromText(output);
+    auto readingNumber = platform::openDescriptor(reading, platform::PipeDirection::read);
+    auto writingNumber = platform::openDescriptor(writing, platform::PipeDirection::write);
+    platform::PipeStream in(platform::openStream(readingNumber, platform::PipeDirection::read));
+    platform::PipeStream out(platform::openStream(writingNumber, platform::PipeDirection::write));
+    char bytes[100];
+    while (const std::size_t count = in.read(bytes, sizeof bytes)) {
+        if (!out.write(bytes, count))
+            return 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int count, char** values) {
@@ -57,6 +74,12 @@ int main(int count, char** values) {
         std::cout << path << '\n';
         return 0;
     }
+    if (action == "exit")
+        return std::stoi(path);
+    if (action == "crash")
+        std::abort();
+    if (action == "echo-pipe")
+        return echoPipe(path, arguments.at(3));
     if (action == "run-on")
         tellProcessAndRunOn();
     if (action == "tell-process") {

@@ -1,18 +1,26 @@
 // What only posix systems have: permissions of files, links and limits of a process.
 
 #include "platform/atomic_file.h"
+#include "platform/event_log.h"
 #include "platform/exclusive_file.h"
 #include "platform/file_lock.h"
+#include "platform/pipe.h"
 #include "platform/processor.h"
+#include "platform/started_process.h"
 
 #include "ordinary_user.h"
 #include "platform_tests.h"
 
+#include <cerrno>
 #include <csignal>
+#include <cstdarg>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <syslog.h>
 
 using namespace platform;
 using ovalis::test::OrdinaryUser;
@@ -192,4 +200,82 @@ TEST(PosixProcessor, HasTheInstructionsThatTheSystemLists) {
     if (word.empty())
         GTEST_SKIP() << "this system has no list of its processors' features";
     EXPECT_EQ(hasSha256Instructions(), hasSha && hasSsse3);
+}
+
+namespace {
+
+/// The last line that went to the system log.
+std::string& loggedLine() {
+    static std::string line;
+    return line;
+}
+
+void keepLine(int priority, const char* format, va_list arguments) {
+    char text[200];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    loggedLine() = std::to_string(priority) + ": " + text;
+}
+
+} // namespace
+
+// The system's log cannot be read back, so its two entrances are ours in this program.
+extern "C" void syslog(int priority, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    keepLine(priority, format, arguments);
+    va_end(arguments);
+}
+
+extern "C" void __syslog_chk(int priority, int, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    keepLine(priority, format, arguments);
+    va_end(arguments);
+}
+
+TEST_F(PosixTest, ErrorsGoToTheSystemLogAsTheyAre) {
+    EventLog log("source");
+    log.reportError("100 %s of it");
+    EXPECT_EQ(loggedLine(), std::to_string(LOG_USER | LOG_ERR) + ": 100 %s of it");
+}
+
+TEST_F(PosixTest, ASignalThatWaitsBeforeAFailedWriteStays) {
+    sigset_t pipeSignal;
+    sigemptyset(&pipeSignal);
+    sigaddset(&pipeSignal, SIGPIPE);
+    sigset_t before;
+    pthread_sigmask(SIG_BLOCK, &pipeSignal, &before);
+    pthread_kill(pthread_self(), SIGPIPE);
+
+    PipeEnd reading;
+    PipeEnd writing;
+    ASSERT_TRUE(createPipe(reading, writing));
+    reading.close();
+    StreamDescriptor descriptor = openDescriptor(writing, PipeDirection::write);
+    PipeStream stream(openStream(descriptor, PipeDirection::write));
+    EXPECT_FALSE(stream.write("x", 1));
+
+    constexpr timespec atOnce = {0, 0};
+    EXPECT_EQ(sigtimedwait(&pipeSignal, nullptr, &atOnce), SIGPIPE);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
+// Those that ended are collected when the next one is started.
+TEST_F(PosixTest, ProgramsThatNobodyWaitsForDoNotPileUp) {
+    const std::string program = ovalis::test::utf8(ovalis::test::builtProgram("platform_child"));
+    pid_t last = 0;
+    for (int i = 0; i < 5; ++i) {
+        StartedProcess started;
+        ASSERT_TRUE(startProcess({program, {"child", "exit", "0"}, {}}, started));
+        siginfo_t ended = {};
+        ASSERT_EQ(waitid(P_ALL, 0, &ended, WEXITED | WNOWAIT), 0);
+        EXPECT_NE(ended.si_pid, last);
+        last = ended.si_pid;
+    }
+    StartedProcess started;
+    ASSERT_TRUE(startProcess({program, {"child", "exit", "0"}, {}}, started));
+    std::uint32_t exitCode = 1;
+    ASSERT_TRUE(started.wait(exitCode));
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
 }

@@ -1,6 +1,8 @@
 // What only Windows has: attributes of files and drives in paths.
 
 #include "platform/atomic_file.h"
+#include "platform/event_log.h"
+#include "platform/system_error.h"
 
 #include "platform_tests.h"
 
@@ -36,4 +38,19 @@ TEST_F(WindowsTest, AbsolutePathsHaveADriveAndBackslashes) {
     EXPECT_EQ(absolute.substr(1, 2), ":\\");
     EXPECT_EQ(absolute.substr(absolute.size() - 4), "\\a\\b");
     EXPECT_EQ(parentPath("C:\\x"), "C:\\");
+}
+
+TEST_F(WindowsTest, TheTextOfTheLastErrorIsTheSystemsWithItsLineEnd) {
+    SetLastError(ERROR_FILE_NOT_FOUND);
+    char expected[512];
+    const DWORD length = FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM, nullptr, ERROR_FILE_NOT_FOUND,
+                                        0, expected, sizeof expected, nullptr);
+    EXPECT_EQ(platform::lastSystemErrorText(), std::string(expected, length));
+    EXPECT_EQ(std::string(expected, length).substr(length - 2), "\r\n");
+}
+
+TEST_F(WindowsTest, WhatTheEventLogRefusesIsNoFailure) {
+    platform::EventLog log("gr\xc3\xb6\xc3\x9f"
+                           "e");
+    log.reportError("nothing wrong");
 }

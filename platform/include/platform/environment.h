@@ -14,4 +14,7 @@ void unsetEnvironmentVariable(const std::string& name);
 /// What separates the directories in PATH: ':' or ';'.
 char pathListSeparator() noexcept;
 
+/// The variable in which the system looks for the libraries that a program needs.
+const char* libraryPathVariable() noexcept;
+
 } // namespace platform

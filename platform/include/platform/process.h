@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -9,6 +10,9 @@ namespace platform {
 using ProcessId = std::uint32_t;
 
 ProcessId currentProcessId() noexcept;
+
+/// How many handles (descriptors) of the system this process holds.
+std::size_t openHandleCount();
 
 /// The family of the running system: "unix" or "windows".
 const char* systemName() noexcept;

@@ -26,6 +26,13 @@ private:
 /// handle overwrites it.
 SystemError lastSystemError() noexcept;
 
+/// Makes `error` the last one of the calling thread.
+void setLastSystemError(SystemError error) noexcept;
+
+/// The system's own message for the calling thread's last error, exactly as it gives it: on Windows
+/// in its code page and with a line end. Empty when the last error is 0.
+std::string lastSystemErrorText();
+
 /// A system call on a file or another named thing that failed; reads "what (path): reason".
 class SystemFailure : public std::runtime_error {
 public:
