@@ -2,6 +2,7 @@
 
 #include "dm/src/library.h"
 #include "oa/oaDMEnums.h"
+#include "oa/oaLibObserver.h"
 
 #include <algorithm>
 
@@ -48,6 +49,7 @@ Library& DMSession::add(std::unique_ptr<Library> library) {
 }
 
 void DMSession::close(Library& library) {
+    oaVersionedObserver<oaLib>::notifyPreCloseObservers(library.handle());
     for (auto hook = closeHooks_.rbegin(); hook != closeHooks_.rend(); ++hook)
         (*hook)(library.handle());
     std::erase_if(libraries_, [&](const auto& open) { return open.get() == &library; });

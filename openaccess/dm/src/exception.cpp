@@ -29,6 +29,14 @@ constexpr impl::MessageFormat formats[] = {
      "The cell and the view of a cell view lie in different libraries: '%s' and '%s'."},
     {oacCannotLockDatabase, "'%s' cannot be locked for editing: %s."},
     {oacFileNotWritable, "File '%s' cannot be written: %s."},
+    {oacLibDefListFileNotReadable, "Library definition file '%s' cannot be read: %s."},
+    {oacLibDefListFileNotWritable, "Library definition file '%s' cannot be written: %s."},
+    {oacUndefinedLibDefListMode, "'%c' is no mode of a library definition list."},
+    {oacSaveReadOnlyLibDefList, "Library definition list '%s' is open for reading."},
+    {oacLibDefExists, "Library definition list '%s' already defines library '%s'."},
+    {oacLibDefListRefExists, "Library definition list '%s' already includes '%s'."},
+    {oacLibDefListMemNotInList, "The member does not belong to library definition list '%s'."},
+    {oacInvalidLibDefText, "'%s' cannot be written into a library definition file."},
     {oacMismatchViewType, "View '%s' already exists with view type '%s', not '%s'."},
 };
 

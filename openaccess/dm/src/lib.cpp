@@ -4,6 +4,7 @@
 #include "dm/src/dm_session.h"
 #include "dm/src/library.h"
 #include "dm/src/name_text.h"
+#include "oa/oaLibObserver.h"
 #include "platform/file.h"
 
 namespace OpenAccess_4 {
@@ -93,7 +94,9 @@ oaLib* oaLib::create(const oaScalarName& name, const oaString& libPath, oaLibMod
     if (find(name))
         throw oaDMError(oacLibNameExists, place.name.c_str());
     LibraryCreation(place, dmSystem).run(dmAttrList);
-    return openAt(place);
+    oaLib* lib = openAt(place);
+    oaVersionedObserver<oaLib>::notifyPostCreateObservers(lib);
+    return lib;
 }
 
 oaLib* oaLib::open(const oaScalarName& name, const oaString& libPath, const oaString& writePath,
@@ -105,7 +108,9 @@ oaLib* oaLib::open(const oaScalarName& name, const oaString& libPath, const oaSt
         throw oaDMError(oacLibCouldNotOpen, place.name.c_str(), place.path.c_str(),
                         platform::isDirectory(place.path) ? "the directory holds no library"
                                                           : "there is no such directory");
-    return openAt(place);
+    oaLib* lib = openAt(place);
+    oaVersionedObserver<oaLib>::notifyPostOpenObservers(lib);
+    return lib;
 }
 
 oaLib* oaLib::find(const oaScalarName& name) {
@@ -205,7 +210,10 @@ void oaLib::setAttributes(const oaDMAttrArray& attrs) {
         if (!wrong.empty())
             throw oaDMError(oacInvalidLibAttribute, library.name().c_str(), wrong.c_str());
     }
+    using Observer = oaVersionedObserver<oaLib>;
+    Observer::notifyPreModifyObservers(this, oacSetAttributesLibModType);
     library.replaceMarker(marker);
+    Observer::notifyPostModifyObservers(this, oacSetAttributesLibModType);
 }
 
 oaCollection<oaCell, oaLib> oaLib::getCells() const {

@@ -25,6 +25,14 @@ enum oaDDMsgIds {
     oacCellViewNotInSameLib,
     oacCannotLockDatabase,
     oacFileNotWritable,
+    oacLibDefListFileNotReadable,
+    oacLibDefListFileNotWritable,
+    oacUndefinedLibDefListMode,
+    oacSaveReadOnlyLibDefList,
+    oacLibDefExists,
+    oacLibDefListRefExists,
+    oacLibDefListMemNotInList,
+    oacInvalidLibDefText,
     oacMismatchViewType = 3107,
 };
 

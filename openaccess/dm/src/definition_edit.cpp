@@ -1,0 +1,159 @@
+#include "base/src/source.h"
+#include "dm/src/definition_content.h"
+#include "dm/src/definition_list.h"
+
+#include <algorithm>
+
+namespace OpenAccess_4::impl {
+
+SourcePtr DefinitionContent::memberSource() {
+    if (inSlotOrder_)
+        return std::make_shared<TablesSource>(std::vector<TableBase*>{&members_});
+    std::vector<oaObject*> members;
+    for (const DefinitionStatement& statement : statements_)
+        if ((statement.kind == DefinitionKind::Define ||
+             statement.kind == DefinitionKind::Include) &&
+            members_.isLive(statement.index))
+            members.push_back(members_.handle(statement.index));
+    return std::make_shared<ListSource>(std::move(members));
+}
+
+oaLibDefListMem* DefinitionContent::addDefinition(const std::string& name, const std::string& path,
+                                                  std::uint32_t following) {
+    DefinitionRecord record;
+    record.name = texts_.keep(name);
+    const std::uint32_t slot = newMember(record, path);
+    insert(following == kNone ? statements_.end() : statementOf(following),
+           {{DefinitionKind::Define, 0, slot,
+             newLine("DEFINE " + writtenField(name) + " " + writtenField(path))}});
+    return static_cast<oaLibDefListMem*>(members_.handle(slot));
+}
+
+oaLibDefListMem* DefinitionContent::addReference(const std::string& path, std::uint32_t following) {
+    DefinitionRecord record;
+    record.isReference = true;
+    const std::uint32_t slot = newMember(record, path);
+    insert(following == kNone ? statements_.end() : statementOf(following),
+           {{DefinitionKind::Include, 0, slot, newLine("INCLUDE " + writtenField(path))}});
+    return static_cast<oaLibDefListMem*>(members_.handle(slot));
+}
+
+std::uint32_t DefinitionContent::newMember(DefinitionRecord record, std::string_view path) {
+    record.written = texts_.keep(std::string(path));
+    record.unresolved = !expandVariables(record.written, scratch_).empty();
+    record.path = texts_.keep(scratch_);
+    return members_.add(record);
+}
+
+void DefinitionContent::addAssignment(std::uint32_t member, const std::string& attribute,
+                                      const std::string& value) {
+    Assignment assignment{members_[member].name, texts_.keep(attribute), {}, member};
+    if (isWritePathAttribute(attribute))
+        expandVariables(value, scratch_);
+    else
+        scratch_ = value;
+    assignment.value = texts_.keep(scratch_);
+    settingsFor(member).assign(assignment.attribute, assignment.value);
+
+    auto where = statementOf(member) + 1;
+    while (where != statements_.end() && belongsTo(*where, member))
+        ++where;
+    const auto index = std::uint32_t(assignments_.size());
+    assignments_.push_back(assignment);
+    insert(where, {{DefinitionKind::Assign, 0, index,
+                    newLine("ASSIGN " + writtenField(members_[member].name) + " " +
+                            writtenField(attribute) + " " + writtenField(value))}});
+}
+
+void DefinitionContent::destroy(std::uint32_t member) {
+    takeStatementsOf(member);
+    members_.destroy(member);
+    byName_.clear();
+    indexed_ = 0;
+}
+
+void DefinitionContent::moveBehind(std::uint32_t member, std::uint32_t other) {
+    if (member == other)
+        return;
+    const Statements moved = takeStatementsOf(member);
+    auto where = statements_.begin();
+    if (other != kNone) {
+        where = statementOf(other) + 1;
+        while (where != statements_.end() && belongsTo(*where, other))
+            ++where;
+    } else {
+        while (where != statements_.end() && where->kind == DefinitionKind::Nothing)
+            ++where; // what a person wrote at the head of the file stays there
+    }
+    insert(where, moved);
+    inSlotOrder_ = false;
+}
+
+std::uint32_t DefinitionContent::lastMember() {
+    for (auto statement = statements_.rbegin(); statement != statements_.rend(); ++statement)
+        if ((statement->kind == DefinitionKind::Define ||
+             statement->kind == DefinitionKind::Include) &&
+            members_.isLive(statement->index))
+            return statement->index;
+    return kNone;
+}
+
+std::string DefinitionContent::text() const {
+    std::size_t size = 0;
+    for (const DefinitionStatement& statement : statements_)
+        size += statement.text.size();
+    std::string text;
+    text.reserve(size);
+    for (const DefinitionStatement& statement : statements_)
+        text += statement.text;
+    return text;
+}
+
+bool DefinitionContent::belongsTo(const DefinitionStatement& statement,
+                                  std::uint32_t member) const {
+    switch (statement.kind) {
+    case DefinitionKind::Define:
+    case DefinitionKind::Include:
+        return statement.index == member;
+    case DefinitionKind::Assign:
+    case DefinitionKind::Unassign:
+        return assignments_[statement.index].member == member;
+    default:
+        return false;
+    }
+}
+
+DefinitionContent::Statements::iterator DefinitionContent::statementOf(std::uint32_t member) {
+    return std::ranges::find_if(statements_, [&](const DefinitionStatement& statement) {
+        return belongsTo(statement, member);
+    });
+}
+
+DefinitionContent::Statements DefinitionContent::takeStatementsOf(std::uint32_t member) {
+    Statements taken;
+    std::erase_if(statements_, [&](const DefinitionStatement& statement) {
+        if (!belongsTo(statement, member))
+            return false;
+        taken.push_back(statement);
+        return true;
+    });
+    return taken;
+}
+
+void DefinitionContent::insert(Statements::iterator where, const Statements& statements) {
+    if (where != statements_.end())
+        inSlotOrder_ = false;
+    statements_.insert(where, statements.begin(), statements.end());
+    // Only the last line may lack its end.
+    for (std::size_t i = 0; i + 1 < statements_.size(); ++i)
+        if (!statements_[i].text.ends_with('\n'))
+            statements_[i].text = newLine(std::string(statements_[i].text));
+}
+
+std::string_view DefinitionContent::newLine(const std::string& text) {
+    const std::size_t end = file_.find('\n');
+    const bool carriageReturns = end != std::string::npos && end > 0 && file_[end - 1] == '\r';
+    return texts_.keep(text + (carriageReturns ? "\r\n" : "\n"));
+}
+
+} // namespace OpenAccess_4::impl
