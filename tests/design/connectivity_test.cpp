@@ -365,4 +365,24 @@ TEST_F(ConnectivityTest, NothingChangesInADesignOpenForReading) {
     EXPECT_FALSE(block->getDesign()->isModified());
 }
 
+TEST_F(ConnectivityTest, NetsAndTerminalsOfOneBitMayHaveItsName) {
+    oaNet* net = oaNet::create(block, oaName(oaCdbaNS(), "a<3>"));
+    EXPECT_EQ(nameOf(net), "a[3]");
+    EXPECT_EQ(net->getNumBits(), 1u);
+    EXPECT_EQ(oaNet::find(block, oaName(oaNativeNS(), "a[3]")), net);
+    EXPECT_FALSE(oaNet::isValidName(block, oaName(oaCdbaNS(), "a<3>")));
+    oaName bit;
+    net->getName(bit);
+    EXPECT_EQ(bit.getType(), oacVectorBitNameType);
+    oaTerm* term = oaTerm::create(net, bit);
+    oaString spelling;
+    term->getName(oaCdbaNS(), spelling);
+    EXPECT_EQ(spelling, "a<3>");
+    const oaName vector(oaCdbaNS(), "a<3:0>");
+    EXPECT_EQ(messageOf([&] { oaNet::create(block, vector); }),
+              "'a[3:0]' is not a valid net name: it is the name of a vector.");
+    EXPECT_EQ(thrownBy([&] { oaTerm::create(net, vector); }), oacInvalidTermName);
+    EXPECT_FALSE(oaNet::isValidName(block, vector));
+}
+
 } // namespace design_test

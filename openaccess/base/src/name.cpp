@@ -1,4 +1,4 @@
-#include "oaName.h"
+#include "oaScalarName.h"
 
 namespace OpenAccess_4 {
 
@@ -12,12 +12,18 @@ void oaScalarName::get(const oaNameSpace& ns, oaString& out) const {
     ns.getScalarName(*this, out, loc);
 }
 
-oaNameType oaSimpleName::getType() const {
-    return scalar_.isEmpty() ? oacEmptyNameType : oacScalarNameType;
-}
-
 const oaString& impl::NameAccess::text(const oaScalarName& name) {
     return name.member_.getValue();
+}
+
+const oaNameMem& impl::NameAccess::member(const oaScalarName& name) {
+    return name.member_;
+}
+
+oaScalarName impl::NameAccess::scalar(std::string_view text, oaBoolean caseSensitive) {
+    oaScalarName name;
+    name.member_ = oaNameMem(oaString(text.data(), oaUInt4(text.size())), caseSensitive);
+    return name;
 }
 
 } // namespace OpenAccess_4

@@ -7,15 +7,22 @@ std::string_view internalName(const oaScalarName& name) {
     return {static_cast<const oaChar*>(text), text.getLength()};
 }
 
-std::string_view internalName(const oaSimpleName& name) {
-    const oaScalarName* scalar = name.getScalar();
-    return scalar ? internalName(*scalar) : std::string_view();
+namespace {
+
+template <class Name>
+std::string nativeText(const Name& name) {
+    if (const oaScalarName* scalar = name.getScalar())
+        return std::string(internalName(*scalar));
+    oaString text;
+    name.get(text);
+    return std::string(text);
 }
 
-std::string_view internalName(const oaName& name) {
-    const oaScalarName* scalar = name.getScalar();
-    return scalar ? internalName(*scalar) : std::string_view();
-}
+} // namespace
+
+InternalName::InternalName(const oaSimpleName& name) : text_(nativeText(name)) {}
+
+InternalName::InternalName(const oaName& name) : text_(nativeText(name)) {}
 
 DesignNames designNames(const oaScalarName& lib, const oaScalarName& cell,
                         const oaScalarName& view) {
@@ -27,8 +34,16 @@ oaScalarName scalarName(const char* internal) {
     return *internal ? oaScalarName(oaNativeNS(), internal) : oaScalarName();
 }
 
+oaSimpleName simpleName(const char* internal) {
+    return *internal ? oaSimpleName(oaNativeNS(), internal) : oaSimpleName();
+}
+
 void spell(const char* internal, const oaNameSpace& ns, oaString& out) {
     scalarName(internal).get(ns, out);
+}
+
+void spellSimple(const char* internal, const oaNameSpace& ns, oaString& out) {
+    simpleName(internal).get(ns, out);
 }
 
 } // namespace OpenAccess_4::impl

@@ -19,6 +19,15 @@ struct NetValues {
     oaBlockDomainVisibility view;
 };
 
+void requireOneBit(const oaName& name) {
+    if (!name.getVector())
+        return;
+    oaString text;
+    name.get(text);
+    throw oaDesignError(oacInvalidNetName, static_cast<const oaChar*>(text),
+                        "it is the name of a vector");
+}
+
 void requireFreeName(DesignDatabase& database, std::string_view name) {
     if (name.empty())
         throw oaDesignError(oacInvalidNetName, "", "it is empty");
@@ -57,6 +66,7 @@ bool liesOnLayer(const ObjectRef& fig) {
 
 oaNet* oaNet::create(oaBlock* block, const oaName& name, oaSigType sigType, oaBoolean isGlobal,
                      oaBlockDomainVisibility view) {
+    requireOneBit(name);
     return createNet(block, internalName(name), {sigType, isGlobal, view});
 }
 
@@ -65,15 +75,15 @@ oaNet* oaNet::find(const oaBlock* block, const oaName& name) {
 }
 
 oaBoolean oaNet::isValidName(const oaBlock* block, const oaName& name) {
-    return name.getScalar() && !find(block, name);
+    return name.getNumBits() == 1 && name.getType() != oacEmptyNameType && !find(block, name);
 }
 
 void oaNet::getName(oaName& name) const {
-    name = scalarName(nameOf(this));
+    name = simpleName(nameOf(this));
 }
 
 void oaNet::getName(const oaNameSpace& ns, oaString& name) const {
-    spell(nameOf(this), ns, name);
+    spellSimple(nameOf(this), ns, name);
 }
 
 oaUInt4 oaNet::getNumBits() const {

@@ -13,6 +13,15 @@ using namespace impl;
 
 namespace {
 
+void requireOneBit(const oaName& name) {
+    if (!name.getVector())
+        return;
+    oaString text;
+    name.get(text);
+    throw oaDesignError(oacInvalidTermName, static_cast<const oaChar*>(text),
+                        "it is the name of a vector");
+}
+
 void requireFreeName(DesignDatabase& database, std::string_view name) {
     if (name.empty())
         throw oaDesignError(oacInvalidTermName, "", "it is empty");
@@ -58,6 +67,7 @@ void changePosition(oaTerm* term, std::uint32_t position) {
 
 oaTerm* oaTerm::create(oaNet* net, const oaName& name, oaTermType termType,
                        oaBlockDomainVisibility view) {
+    requireOneBit(name);
     return createTerm(net, internalName(name), termType, view);
 }
 
@@ -80,15 +90,16 @@ oaUInt4 oaTerm::getMaxPosition(const oaBlock* block) {
 }
 
 oaBoolean oaTerm::isValidName(const oaNet* net, const oaName& name) {
-    return name.getScalar() && !find(net->getBlock(), name);
+    return name.getNumBits() == 1 && name.getType() != oacEmptyNameType &&
+           !find(net->getBlock(), name);
 }
 
 void oaTerm::getName(oaName& name) const {
-    name = scalarName(nameOf(this));
+    name = simpleName(nameOf(this));
 }
 
 void oaTerm::getName(const oaNameSpace& ns, oaString& name) const {
-    spell(nameOf(this), ns, name);
+    spellSimple(nameOf(this), ns, name);
 }
 
 oaNet* oaTerm::getNet() const {

@@ -43,3 +43,5 @@
 #include "oaTransform.h"
 #include "oaType.h"
 #include "oaVector.h"
+#include "oaVectorBitName.h"
+#include "oaVectorName.h"

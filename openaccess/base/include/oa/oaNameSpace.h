@@ -8,6 +8,8 @@ class oaName;
 class oaNameMem;
 class oaScalarName;
 class oaSimpleName;
+class oaVectorBitName;
+class oaVectorName;
 
 /// A way of spelling names. Names are held in an internal form, which is the native spelling; a
 /// name space reads its own spelling into that form and writes it back.
@@ -23,6 +25,8 @@ public:
 
     /// Whether two names are the same name in this name space.
     virtual oaBoolean isEqual(const oaScalarName& n1, const oaScalarName& n2) const;
+    virtual oaBoolean isEqual(const oaVectorName& n1, const oaVectorName& n2) const;
+    virtual oaBoolean isEqual(const oaVectorBitName& n1, const oaVectorBitName& n2) const;
     virtual oaBoolean isEqual(const oaSimpleName& n1, const oaSimpleName& n2) const;
     virtual oaBoolean isEqual(const oaName& n1, const oaName& n2) const;
     virtual oaBoolean isEqual(const oaNameMem& n1, const oaNameMem& n2) const;
@@ -35,12 +39,22 @@ public:
     virtual void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
                                    oaUInt4 len, oaUInt4 flags = 0) const = 0;
     virtual void getInternalScalar(const oaChar* in, oaScalarName& out) const = 0;
+    /// Read a bit and a vector; with `baseOnly`, `in` is the base name alone, and the indices of
+    /// `out` stay. Unless a name space says otherwise, they are spelled as a member whose internal
+    /// form is the native spelling.
+    /// @throws oaError  41: there is no text. oacIndexedNameInvalid, oacVectorNameInvalid.
+    virtual void getInternalVBit(const oaChar* in, oaVectorBitName& out,
+                                 oaBoolean baseOnly = false) const;
+    virtual void getInternalVector(const oaChar* in, oaVectorName& out,
+                                   oaBoolean baseOnly = false) const;
 
     /// Writes the member whose internal form is `in` into `out` from position `loc` on, ends it
     /// with a zero byte and moves `loc` onto that.
     virtual void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
                            oaUInt4 flags = 0) const = 0;
     virtual void getScalarName(const oaScalarName& in, oaString& out, oaUInt4& loc) const = 0;
+    virtual void getVectorName(const oaVectorName& in, oaString& out, oaUInt4& loc) const;
+    virtual void getVectorBitName(const oaVectorBitName& in, oaString& out, oaUInt4& loc) const;
     virtual void getSimpleName(const oaSimpleName& in, oaString& out, oaUInt4& loc) const;
 
 protected:
@@ -57,7 +71,7 @@ protected:
 
 namespace impl {
 
-/// What name spaces have in common that spell scalar names only as one member.
+/// What name spaces have in common that spell a scalar name as one member.
 class OA_API ScalarNameSpace : public oaNameSpace {
 public:
     oaNameType getType(const oaChar* in) const override;
@@ -68,8 +82,12 @@ public:
 } // namespace impl
 
 /// The spelling of the database itself: every text that is not empty is a name.
+///
+/// `a[3]` spells a bit, `a[3:0]` and with a step `a[0:6:2]` a vector. Each has this one spelling:
+/// `a[03]` and `a[0:6:1]` are scalar names only, and every text can be one.
 class OA_API oaNativeNS : public impl::ScalarNameSpace {
 public:
+    oaNameType getType(const oaChar* in) const override;
     void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive, oaUInt4 len,
                            oaUInt4 flags = 0) const override;
     void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
@@ -79,11 +97,18 @@ public:
 /// The spelling of net and terminal names in circuit descriptions.
 ///
 /// Letters, digits and the printable characters other than `# < > ( ) , / \` and the back quote
-/// stand for themselves; every other byte is "#" and its two hexadecimal digits.
+/// stand for themselves; every other byte is "#" and its two hexadecimal digits. `a<3>` spells a
+/// bit, `a<3:0>` and with a step `a<0:6:2>` a vector.
 class OA_API oaCdbaNS : public impl::ScalarNameSpace {
 public:
     /// Of a name with angle brackets or commas, tells its form without reading it.
     oaNameType getType(const oaChar* in) const override;
+    void getInternalVBit(const oaChar* in, oaVectorBitName& out,
+                         oaBoolean baseOnly = false) const override;
+    void getInternalVector(const oaChar* in, oaVectorName& out,
+                           oaBoolean baseOnly = false) const override;
+    void getVectorName(const oaVectorName& in, oaString& out, oaUInt4& loc) const override;
+    void getVectorBitName(const oaVectorBitName& in, oaString& out, oaUInt4& loc) const override;
     void getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive, oaUInt4 len,
                            oaUInt4 flags = 0) const override;
     void getMember(const oaChar* in, oaBoolean caseSensitive, oaString& out, oaUInt4& loc,
@@ -93,7 +118,8 @@ public:
 /// The spelling of names as directories and files of a Unix system.
 ///
 /// Letters, digits and "_" stand for themselves, every other byte is "#" and its two hexadecimal
-/// digits. Other texts are no names: directories that are spelled otherwise belong to nobody.
+/// digits; so do bits and vectors. Other texts are no names: directories that are spelled otherwise
+/// belong to nobody.
 class OA_API oaUnixNS : public impl::ScalarNameSpace {
 public:
     oaNameType getType(const oaChar* in) const override;

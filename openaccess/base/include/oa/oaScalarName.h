@@ -3,6 +3,8 @@
 #include "oaNameMem.h"
 #include "oaNameSpace.h"
 
+#include <string_view>
+
 namespace OpenAccess_4 {
 
 namespace impl {
@@ -10,6 +12,8 @@ namespace impl {
 struct OA_API NameAccess {
     /// The internal form of a name, without a copy.
     static const oaString& text(const oaScalarName& name);
+    static const oaNameMem& member(const oaScalarName& name);
+    static oaScalarName scalar(std::string_view text, oaBoolean caseSensitive);
 };
 
 inline const oaString& internalText(const oaScalarName& name) {

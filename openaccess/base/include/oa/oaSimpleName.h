@@ -1,33 +1,50 @@
 #pragma once
 
-#include "oaScalarName.h"
+#include "oaVectorBitName.h"
+#include "oaVectorName.h"
+
+#include <variant>
 
 namespace OpenAccess_4 {
 
-/// The name of a thing that may be one bit or many. A default one is empty.
+/// A scalar name, a bit or a vector. A default one is empty.
 class OA_API oaSimpleName {
 public:
     oaSimpleName() = default;
-    /// @throws oaError  as oaScalarName does.
-    oaSimpleName(const oaNameSpace& ns, const oaChar* in) : scalar_(ns, in) {}
-    oaSimpleName(const oaScalarName& name) : scalar_(name) {}
+    /// Reads the form that `in` has in `ns`.
+    /// @throws oaError  as oaScalarName, oaVectorBitName or oaVectorName does.
+    oaSimpleName(const oaNameSpace& ns, const oaChar* in) { init(ns, in); }
+    oaSimpleName(const oaScalarName& name) : name_(name) {}
+    oaSimpleName(const oaVectorBitName& name) : name_(name) {}
+    oaSimpleName(const oaVectorName& name) : name_(name) {}
 
-    void init(const oaNameSpace& ns, const oaChar* in) { scalar_.init(ns, in); }
-    void get(const oaNameSpace& ns, oaString& out) const { scalar_.get(ns, out); }
-    void get(oaString& out) const { scalar_.get(out); }
+    void init(const oaNameSpace& ns, const oaChar* in);
+    void get(const oaNameSpace& ns, oaString& out) const;
+    void get(oaString& out) const;
+    /// Spells the bit at that place, counted from 0; the only bit of a name of one bit is itself.
+    /// @throws oaError  oacIndexedNameInvalid: there are fewer bits
+    void getBitName(const oaNameSpace& ns, oaUInt4 bit, oaString& out) const;
 
     oaNameType getType() const;
-    /// The scalar name in it, owned by this name; null when it is empty.
-    oaScalarName* getScalar() const { return scalar_.isEmpty() ? nullptr : &scalar_; }
-    oaUInt4 getNumMembers() const { return scalar_.getNumMembers(); }
-    oaUInt4 getNumBits() const { return scalar_.getNumBits(); }
+    /// The name in it when it has that form and is not empty, owned by this name; else null.
+    oaScalarName* getScalar() const { return partOf<oaScalarName>(); }
+    oaVectorBitName* getVectorBit() const { return partOf<oaVectorBitName>(); }
+    oaVectorName* getVector() const { return partOf<oaVectorName>(); }
+    oaUInt4 getNumMembers() const;
+    oaUInt4 getNumBits() const;
 
-    bool operator==(const oaSimpleName& other) const { return scalar_ == other.scalar_; }
+    bool operator==(const oaSimpleName& other) const { return name_ == other.name_; }
     bool operator!=(const oaSimpleName& other) const { return !(*this == other); }
 
 private:
-    // getScalar() is const and hands it out for change.
-    mutable oaScalarName scalar_;
+    template <class Name>
+    Name* partOf() const {
+        Name* name = std::get_if<Name>(&name_);
+        return name && !name->isEmpty() ? name : nullptr;
+    }
+
+    // The calls for its parts are const and hand them out for change.
+    mutable std::variant<oaScalarName, oaVectorBitName, oaVectorName> name_;
 };
 
 } // namespace OpenAccess_4

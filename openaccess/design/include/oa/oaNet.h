@@ -12,10 +12,11 @@ class oaScalarName;
 class oaShape;
 class oaTerm;
 
-/// A connection inside a block. The nets here are scalar ones.
+/// A connection inside a block. The nets here are scalar ones, also those with the
+/// name of a bit.
 class OA_API oaNet : public oaBlockObject {
 public:
-    /// @throws oaDesignError  oacNetExists; oacInvalidNetName: the name is empty or not scalar
+    /// @throws oaDesignError  oacNetExists; oacInvalidNetName: the name is empty or of a vector
     static oaNet* create(oaBlock* block, const oaName& name, oaSigType sigType = oacSignalSigType,
                          oaBoolean isGlobal = false,
                          oaBlockDomainVisibility view = oacInheritFromTopBlock);

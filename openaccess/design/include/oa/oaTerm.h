@@ -13,10 +13,11 @@ class oaNet;
 class oaPin;
 class oaScalarName;
 
-/// A connection of a net to the outside of its block. The terminals here are scalar ones.
+/// A connection of a net to the outside of its block. The terminals here are scalar
+/// ones, also those with the name of a bit.
 class OA_API oaTerm : public oaBlockObject {
 public:
-    /// @throws oaDesignError  oacTermExists; oacInvalidTermName: the name is empty or not scalar
+    /// @throws oaDesignError  oacTermExists; oacInvalidTermName: the name is empty or of a vector
     static oaTerm* create(oaNet* net, const oaName& name,
                           oaTermType termType = oacInputOutputTermType,
                           oaBlockDomainVisibility view = oacInheritFromTopBlock);
