@@ -60,21 +60,23 @@ TEST_F(AttributesTest, NeedAccess) {
 TEST_F(AttributesTest, ThatMakeNoSenseAreRefusedWhole) {
     oaLib* lib = createFor("lib", "Unix");
     ASSERT_TRUE(lib->getAccess(oacWriteLibAccess));
-    const struct {
+    struct Wrong {
         const char* name;
         const char* value;
         const char* reason;
-    } wrong[] = {
+    };
+    const Wrong wrong[] = {
         {"libReadOnly", "maybe", "attribute 'libReadOnly' is 'maybe' instead of 'Yes' or 'No'"},
         {"origFileSystem", "Windows", "attribute 'origFileSystem' cannot be changed"},
         {"a b", "x", "'a b' is not a legal name of an attribute"},
         {"", "x", "'' is not a legal name of an attribute"},
     };
-    for (const auto& [name, value, reason] : wrong) {
-        const Thrown thrown = thrownBy([&] { lib->setAttributes(attribute(name, value)); });
+    for (const Wrong& given : wrong) {
+        const Thrown thrown =
+            thrownBy([&] { lib->setAttributes(attribute(given.name, given.value)); });
         EXPECT_EQ(thrown.id, oacInvalidLibAttribute);
         EXPECT_EQ(thrown.text,
-                  std::string("Library 'lib' cannot have these attributes: ") + reason + ".");
+                  std::string("Library 'lib' cannot have these attributes: ") + given.reason + ".");
     }
     EXPECT_THAT(attributesOf(lib), ElementsAre("libReadOnly=No", "origFileSystem=Unix"));
     const oaDMAttrArray bad = attribute("libReadOnly", "maybe");
