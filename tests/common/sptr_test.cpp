@@ -13,6 +13,7 @@ TEST(SPtr, IsEmptyAtFirst) {
     EXPECT_TRUE(!empty);
     EXPECT_FALSE(static_cast<bool>(empty));
     EXPECT_EQ(empty.getRef(), nullptr);
+    EXPECT_TRUE(!SPtr<IAnswer>(nullptr));
 }
 
 TEST(SPtr, HoldsAReferenceWhileItLives) {

@@ -57,7 +57,7 @@ constexpr impl::MessageFormat formats[] = {
     {oacInvalidSubMaster, "Design '%s/%s/%s' is not a pcell submaster."},
     {oacInvalidPcellMaster, "Design '%s/%s/%s' is neither a pcell super master nor a submaster."},
     {oacPcellLinkExists, "A pcell evaluator named '%s' is already registered."},
-    {oacPcellEvaluatorNotFound, "There is no pcell evaluator named '%s'."},
+    {oacPcellEvaluatorNotFound, "There is no pcell evaluator named '%s'. %s"},
     {oacPcellInvalidPcellDef, "The pcell definition given is not valid."},
     {oacPcellMasterNotBound, "The pcell master of '%s' is not bound."},
     {oacParamsSuppliedForNonPCellInstMaster,

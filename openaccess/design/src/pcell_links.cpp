@@ -1,5 +1,6 @@
 #include "design/src/pcell_links.h"
 
+#include "oa/oaCommonIException.h"
 #include "oa/oaDesignException.h"
 
 #include <algorithm>
@@ -24,6 +25,15 @@ oaPcellLink* PcellLinks::find(const oaString& name) const {
     const auto link = std::find_if(links_.begin(), links_.end(),
                                    [&](const oaPcellLink* each) { return each->name_ == name; });
     return link == links_.end() ? nullptr : *link;
+}
+
+oaPcellLink* PcellLinks::findOrLoad(const oaString& name) {
+    if (oaPcellLink* const known = find(name))
+        return known;
+    const oaCommon::SPtr<IPcell> evaluator(name);
+    // A module may make its evaluators known while it is being loaded.
+    oaPcellLink* const known = find(name);
+    return known ? known : add(name, evaluator.getRef());
 }
 
 void PcellLinks::remove(oaPcellLink* link) {
@@ -52,19 +62,27 @@ oaPcellLink* oaPcellLink::create(IPcell* evaluator) {
         return nullptr;
     oaString name;
     evaluator->getName(name);
-    if (find(name))
+    if (PcellLinks::instance().find(name))
         throw oaDesignError(oacPcellLinkExists, static_cast<const oaChar*>(name));
     return PcellLinks::instance().add(name, evaluator);
 }
 
 oaPcellLink* oaPcellLink::find(const oaString& name) {
-    return PcellLinks::instance().find(name);
+    try {
+        return PcellLinks::instance().findOrLoad(name);
+    } catch (const oaCommon::IException&) {
+        return nullptr;
+    }
 }
 
 oaPcellDef* oaPcellLink::getPcellDef(const oaString& name) {
-    const oaPcellLink* link = find(name);
-    if (!link)
-        throw oaDesignError(oacPcellEvaluatorNotFound, static_cast<const oaChar*>(name));
+    oaPcellLink* link = nullptr;
+    try {
+        link = PcellLinks::instance().findOrLoad(name);
+    } catch (const oaCommon::IException& error) {
+        throw oaDesignError(oacPcellEvaluatorNotFound, static_cast<const oaChar*>(name),
+                            error.getMsg());
+    }
     return link->getIPcell()->getPcellDef();
 }
 

@@ -13,6 +13,9 @@ public:
 
     oaPcellLink* add(const oaString& name, IPcell* evaluator);
     oaPcellLink* find(const oaString& name) const;
+    /// The link of that name, made for the plug-in of that name when there is none yet.
+    /// @throws oaCommon::oaPlugInError  there is no plug-in of that name, or it cannot be used
+    oaPcellLink* findOrLoad(const oaString& name);
     void remove(oaPcellLink* link);
 
     std::vector<oaString> names() const;

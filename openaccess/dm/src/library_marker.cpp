@@ -1,6 +1,6 @@
 #include "dm/src/library_marker.h"
 
-#include "dm/src/xml_element.h"
+#include "common/src/xml_element.h"
 #include "platform/atomic_file.h"
 #include "platform/process.h"
 

@@ -32,4 +32,10 @@ SRef<T>& SRef<T>::operator=(SRef other) noexcept {
     return *this;
 }
 
+template <class T>
+template <class Name, class>
+SPtr<T>::SPtr(const Name& className)
+    : SRef<T>(static_cast<T*>(internal::plugInInstance(className, T::getId())),
+              typename SRef<T>::Owned()) {}
+
 } // namespace oaCommon

@@ -54,3 +54,7 @@ public:
 };
 
 } // namespace OpenAccess_4
+
+namespace oaPlugIn {
+using OpenAccess_4::IPcell;
+} // namespace oaPlugIn

@@ -19,11 +19,12 @@ public:
     /// @throws oaDesignError  oacPcellLinkExists: the name is taken; the evaluator is left alone
     static oaPcellLink* create(IPcell* evaluator);
 
-    /// The link of that name, or null.
+    /// The link of that name. When there is none, one is made for the plug-in of that name; null
+    /// when there is no such plug-in or it cannot be used.
     static oaPcellLink* find(const oaString& name);
 
-    /// A definition from the evaluator of that name.
-    /// @throws oaDesignError  oacPcellEvaluatorNotFound
+    /// A definition from the evaluator that find() finds.
+    /// @throws oaDesignError  oacPcellEvaluatorNotFound, with what is wrong with the plug-in
     static oaPcellDef* getPcellDef(const oaString& name);
 
     IPcell* getIPcell() const;

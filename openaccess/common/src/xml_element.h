@@ -7,7 +7,8 @@
 
 namespace OpenAccess_4::impl {
 
-/// An element of a small XML file: what library markers need, without text, name spaces and DTDs.
+/// An element of a small XML file: what library markers and
+/// descriptions of plug-ins need, without text, name spaces and DTDs.
 struct XmlElement {
     std::string name;
     std::vector<std::pair<std::string, std::string>> attributes;

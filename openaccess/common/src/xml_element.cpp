@@ -1,4 +1,4 @@
-#include "dm/src/xml_element.h"
+#include "common/src/xml_element.h"
 
 #include <algorithm>
 #include <charconv>

@@ -2,6 +2,7 @@
 
 #include "oaCommonExceptionBase.h"
 #include "oaCommonIException.h"
+#include "oaCommonIFactory.h"
 
 namespace oaCommon {
 
@@ -14,6 +15,14 @@ IBase::~IBase() = default;
 
 const Guid& IBase::getId() {
     return IID_IBase;
+}
+
+IFactory::~IFactory() = default;
+
+const Guid& IFactory::getId() {
+    static const Guid id = {
+        0xc3a1f96e, 0x51d2, 0x4b07, {0xa4, 0x3e, 0x9c, 0x08, 0x7d, 0x65, 0xe2, 0x1b}};
+    return id;
 }
 
 IException::~IException() = default;
