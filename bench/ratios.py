@@ -11,6 +11,12 @@ import sys
 
 # (program, what is measured, ours, anchors of which the fastest counts, their name, goal, stretch)
 GOALS = [
+    ("submaster_hash", "10,000 submaster identities", "identityHash",
+     ["opensslOneShot"], "OpenSSL, one shot", 1.5, 1.25),
+    ("submaster_hash", "10,000 submaster identities", "identityHash",
+     ["opensslFetched"], "OpenSSL, prepared", 3.0, None),
+    ("submaster_hash_portable", "the same, no SHA instructions", "identityHash",
+     ["opensslOneShot"], "OpenSSL, one shot", 2.0, None),
     ("add_ports", "addPorts, 100,000 ports", "addPortsAndVisit/100000",
      ["mapsAndVisit/100000"], "hash maps", 4.0, 2.5),
     ("add_ports", "addPorts, 100,000 ports", "addPortsAndVisit/100000",
