@@ -10,7 +10,8 @@
 
 namespace ovalis {
 
-/// Takes the bytes of an encoding: a buffer, or a stream that says what fails.
+/// Takes the bytes of an encoding: a buffer, or a stream that says what fails. One that has a member
+/// `text` takes texts through it.
 template <class Sink>
 concept ByteSink = requires(Sink& sink, unsigned char value, const void* data, std::size_t size) {
     sink.byte(value);
@@ -30,7 +31,11 @@ void encodeNumber(Sink& sink, Number value) {
 /// Writes a text and the zero byte behind it.
 template <ByteSink Sink>
 void encodeText(Sink& sink, const char* text) {
-    sink.bytes(text, std::strlen(text) + 1);
+    if constexpr (requires { sink.text(text); }) {
+        sink.text(text);
+    } else {
+        sink.bytes(text, std::strlen(text) + 1);
+    }
 }
 
 /// Writes the application type, the number of bytes and the bytes.

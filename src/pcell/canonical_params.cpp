@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ios>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -45,13 +46,21 @@ void encodeParam(Sink& sink, const oa::oaString& name, const oa::oaParam& param)
     }
 }
 
-/// The first bytes of a name as a number that sorts like them; a shorter name ends in zeros.
+/// Eight bytes can be read from each place in a buffer that ends in so many more.
+constexpr char readable[sizeof(std::uint64_t)] = {};
+
+/// The first bytes of a name as a number that sorts like them, zeros from the end of the name on.
 std::uint64_t startOf(const char* name) {
-    std::uint64_t start = 0;
-    for (int shift = 56; shift >= 0 && *name != '\0'; shift -= 8, ++name) {
-        start |= std::uint64_t{static_cast<unsigned char>(*name)} << shift;
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    std::uint64_t word;
+    std::memcpy(&word, name, sizeof(word));
+    if constexpr (std::endian::native == std::endian::big) {
+        word = __builtin_bswap64(word);
     }
-    return start;
+    // The lowest bit that is set here is the highest of the first byte that is zero.
+    const std::uint64_t zeros = (word - ones) & ~word & (ones << 7);
+    const std::uint64_t before = (zeros & -zeros) - 1;
+    return __builtin_bswap64(word & before);
 }
 
 } // namespace
@@ -69,13 +78,30 @@ CanonicalParams::CanonicalParams(const oa::oaParamArray& params) : params_(param
 void CanonicalParams::encode() {
     const oa::oaUInt4 count = params_.getNumElements();
     entries_.reserve(count);
-    oa::oaString name;
-    for (oa::oaUInt4 i = 0; i < count; ++i) {
-        const std::size_t begin = encoded_.size();
-        params_[i].getName(name);
-        encodeParam(encoded_, name, params_[i]);
-        entries_.push_back({startOf(name), begin, encoded_.size() - begin, i});
+    // A copy of a name that was made just now is slow to read, so several are made before the first
+    // of them is read.
+    oa::oaString names[16];
+    for (oa::oaUInt4 first = 0; first < count; first += std::size(names)) {
+        const oa::oaUInt4 some = std::min<oa::oaUInt4>(count - first, std::size(names));
+        for (oa::oaUInt4 i = 0; i < some; ++i) {
+            params_[first + i].getName(names[i]);
+        }
+        for (oa::oaUInt4 i = 0; i < some; ++i) {
+            encode(first + i, names[i]);
+        }
     }
+    encoded_.bytes(readable, sizeof(readable));
+    for (Entry& entry : entries_) {
+        entry.nameStart = startOf(nameOf(entry));
+    }
+}
+
+void CanonicalParams::encode(oa::oaUInt4 element, const oa::oaString& name) {
+    const std::size_t begin = encoded_.size();
+    encodeParam(encoded_, name, params_[element]);
+    const std::size_t size = encoded_.size() - begin;
+    entries_.push_back(
+        {0, static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(size), element});
 }
 
 int CanonicalParams::compareNames(const Entry& left, const Entry& right) const {

@@ -31,13 +31,14 @@ public:
 private:
     /// The encoded form of one element.
     struct Entry {
-        std::uint64_t nameStart; // eight bytes of the name, as a number that sorts like them
-        std::size_t begin;
-        std::size_t size;
+        std::uint64_t nameStart; // of the name's first bytes, a number that sorts like them
+        std::uint32_t begin;
+        std::uint32_t size;
         oa::oaUInt4 element;
     };
 
     void encode();
+    void encode(oa::oaUInt4 element, const oa::oaString& name);
     void sort();
     const char* nameOf(const Entry& entry) const { return encoded_.data() + entry.begin; }
     int compareNames(const Entry& left, const Entry& right) const;

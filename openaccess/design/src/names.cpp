@@ -1,5 +1,7 @@
 #include "design/src/names.h"
 
+#include <typeinfo>
+
 namespace OpenAccess_4::impl {
 
 std::string_view internalName(const oaScalarName& name) {
@@ -39,7 +41,10 @@ oaSimpleName simpleName(const char* internal) {
 }
 
 void spell(const char* internal, const oaNameSpace& ns, oaString& out) {
-    scalarName(internal).get(ns, out);
+    if (typeid(ns) == typeid(oaNativeNS)) // which spells a name as it is kept
+        out = internal;
+    else
+        scalarName(internal).get(ns, out);
 }
 
 void spellSimple(const char* internal, const oaNameSpace& ns, oaString& out) {

@@ -102,9 +102,10 @@ void PcellMaster::undefine() {
 }
 
 void PcellMaster::getParams(oaParamArray& params) const {
-    params.setNumElements(0);
+    params.setNumElements(params_.live());
+    oaUInt4 next = 0;
     params_.forEach([&](std::uint32_t, const PcellParamRecord& record) {
-        params.append(paramOf(record, database_.strings));
+        params[next++] = paramOf(record, database_.strings);
     });
 }
 
