@@ -6,6 +6,7 @@
 #include "design/src/open_designs.h"
 #include "design/src/shape_edit.h"
 #include "oa/oaBlock.h"
+#include "oa/oaDesignObserver.h"
 #include "tech/src/open_techs.h"
 
 namespace OpenAccess_4 {
@@ -123,7 +124,12 @@ oaCellType oaDesign::getCellType() const {
 }
 
 void oaDesign::setCellType(oaCellType cellType) {
-    edited(this).info().cellType = cellType;
+    DesignDatabase& database = designDatabaseOf(this);
+    database.requireEditable();
+    oaVersionedObserver<oaDesign>::notifyPreModifyObservers(this, oacSetCellTypeDesignModType);
+    database.edit();
+    database.info().cellType = cellType;
+    oaVersionedObserver<oaDesign>::notifyPostModifyObservers(this, oacSetCellTypeDesignModType);
 }
 
 oaTech* oaDesign::getTech() const {

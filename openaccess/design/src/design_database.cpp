@@ -5,13 +5,14 @@
 #include "oa/oaBlock.h"
 #include "oa/oaDesignException.h"
 #include "storage/src/database_file.h"
+#include "storage/src/database_sequence.h"
 
 #include <ctime>
 
 namespace OpenAccess_4::impl {
 
-DesignDatabase::DesignDatabase(std::uint32_t slot)
-    : slot_(slot),
+DesignDatabase::DesignDatabase(oaDesign* design)
+    : design_(design),
       info_(addTable<DesignInfoRecord>(kDesignInfoTable)),
       blocks(addTable<BlockRecord>(kBlockTable)),
       shapes(*this),
@@ -19,19 +20,33 @@ DesignDatabase::DesignDatabase(std::uint32_t slot)
       instances(*this),
       pcell(*this) {}
 
-std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(std::uint32_t slot) {
-    auto database = std::make_unique<DesignDatabase>(slot);
+std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(oaDesign* design) {
+    auto database = std::make_unique<DesignDatabase>(design);
     database->info_.add({std::int64_t(std::time(nullptr))});
     return database;
 }
 
-std::unique_ptr<DesignDatabase> DesignDatabase::read(std::uint32_t slot, const std::string& path) {
-    auto database = std::make_unique<DesignDatabase>(slot);
+std::unique_ptr<DesignDatabase> DesignDatabase::read(oaDesign* design, const std::string& path) {
+    auto database = std::make_unique<DesignDatabase>(design);
     readDatabaseFile(path, DatabaseFileKind::Design, *database);
-    if (!database->isSound())
+    database->requireSound(path);
+    return database;
+}
+
+std::unique_ptr<DesignDatabase>
+DesignDatabase::readSubmaster(oaDesign* design, DatabaseReader& file, std::uint64_t offset) {
+    auto database = std::make_unique<DesignDatabase>(design);
+    file.read(DatabaseFileKind::PcellSubmasters, offset, *database);
+    database->requireSound(file.path());
+    if (database->pcell.isDefined())
+        throw oaError(oacDatabaseFileDamaged, file.path().c_str(), "holds a super master");
+    return database;
+}
+
+void DesignDatabase::requireSound(const std::string& path) {
+    if (!isSound())
         throw oaError(oacDatabaseFileDamaged, path.c_str(),
                       "has objects without a block, or two of one name or place");
-    return database;
 }
 
 bool DesignDatabase::isSound() {
@@ -47,21 +62,20 @@ bool DesignDatabase::isSound() {
 }
 
 oaObject* DesignDatabase::object() const {
-    return openDesigns().handle(slot_);
-}
-
-oaDesign* DesignDatabase::design() const {
-    return static_cast<oaDesign*>(object());
+    return design_;
 }
 
 const DesignNames& DesignDatabase::names() const {
-    return openDesigns()[slot_].names;
+    return recordOf<OpenDesignRecord>(design_).names;
 }
 
 void DesignDatabase::requireEditable() const {
-    if (openDesigns()[slot_].mode == 'r')
-        throw oaDesignError(oacCannotModifyReadModeDesign, names().lib.c_str(),
-                            names().cell.c_str(), names().view.c_str());
+    const OpenDesignRecord& open = recordOf<OpenDesignRecord>(design_);
+    const bool isFinished = open.origin && open.origin->state != EvaluationState::Running;
+    if (open.mode == 'r' || isFinished)
+        throw oaDesignError(isFinished ? oacCannotModifySubMaster : oacCannotModifyReadModeDesign,
+                            open.names.lib.c_str(), open.names.cell.c_str(),
+                            open.names.view.c_str());
 }
 
 TableBase* DesignDatabase::makeVariableTable(const TableId& id) {

@@ -17,22 +17,28 @@ class oaDesign;
 
 namespace OpenAccess_4::impl {
 
+class DatabaseReader;
+
 /// The content of one open design.
 class DesignDatabase final : public Database {
 public:
-    /// An empty design for the open design `slot` of the session.
-    static std::unique_ptr<DesignDatabase> makeEmpty(std::uint32_t slot);
+    /// An empty content for an open design.
+    static std::unique_ptr<DesignDatabase> makeEmpty(oaDesign* design);
     /// @throws oaError  oacDatabaseFileNotRead, oacDatabaseFileDamaged
-    static std::unique_ptr<DesignDatabase> read(std::uint32_t slot, const std::string& path);
+    static std::unique_ptr<DesignDatabase> read(oaDesign* design, const std::string& path);
+    /// The content of the submaster that begins at a byte of a pcell file.
+    /// @throws oaError  oacDatabaseFileNotRead, oacDatabaseFileDamaged
+    static std::unique_ptr<DesignDatabase> readSubmaster(oaDesign* design, DatabaseReader& file,
+                                                         std::uint64_t offset);
 
-    explicit DesignDatabase(std::uint32_t slot);
+    explicit DesignDatabase(oaDesign* design);
 
     oaObject* object() const override;
     void requireEditable() const override;
     TableBase* makeVariableTable(const TableId& id) override;
     void forgetAttachments(const ObjectRef& ref) override;
 
-    oaDesign* design() const;
+    oaDesign* design() const { return design_; }
     const DesignNames& names() const;
     DesignInfoRecord& info() { return info_[0]; }
 
@@ -55,8 +61,9 @@ public:
 
 private:
     bool isSound();
+    void requireSound(const std::string& path);
 
-    std::uint32_t slot_;
+    oaDesign* design_;
     Table<DesignInfoRecord>& info_;
 
 public:

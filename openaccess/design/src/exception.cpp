@@ -67,6 +67,16 @@ constexpr impl::MessageFormat formats[] = {
     {oacPcellDefinitionTooLong,
      "The definition data of pcell '%s/%s/%s' is longer than the %u bytes that its evaluator '%s' "
      "asked for."},
+    {oacCannotModifySubMaster, "Design '%s/%s/%s' is a pcell submaster and cannot be changed."},
+    {oacPcellEvaluatorMissing, "The evaluator '%s' of pcell '%s/%s/%s' is missing: %s."},
+    {oacPcellNotEvaluated,
+     "Pcell '%s/%s/%s' cannot be evaluated: its evaluator '%s' is missing, or refused it."},
+    {oacPcellEvaluatesItself,
+     "Pcell '%s/%s/%s' needs the very submaster that is being evaluated."},
+    {oacPcellEvaluationsTooDeep,
+     "Pcell '%s/%s/%s' cannot be evaluated: %u evaluations wait for it already."},
+    {oacPcellBeingEvaluated,
+     "Pcell '%s/%s/%s' is being evaluated; it can neither be closed nor replaced now."},
     {oacPcellSubMasterNotProduced, "The pcell submaster cannot be produced."},
 };
 

@@ -4,8 +4,10 @@
 #include "design/src/design_database.h"
 #include "design/src/design_files.h"
 #include "design/src/names.h"
+#include "design/src/submasters.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaDesignException.h"
+#include "oa/oaDesignObserver.h"
 #include "oa/oaTech.h"
 #include "storage/src/database_file.h"
 
@@ -15,6 +17,8 @@
 #include <ctime>
 
 namespace OpenAccess_4::impl {
+
+using DesignObserver = oaVersionedObserver<oaDesign>;
 
 namespace {
 
@@ -33,43 +37,36 @@ void requireMode(const DesignNames& names, oaChar mode) {
         throw errorOf(oacOpenUndefinedModeDesign, names, mode);
 }
 
-/// Purges masters that only the content of a design that is gone was bound to.
-void purgeUnused(const std::vector<oaDesign*>& masters) {
-    for (oaDesign* master : masters)
-        if (master->isValid() && refCountOf(master) == 0)
-            purgeDesign(master);
+OpenDesignRecord& recordFor(const oaDesign* design) {
+    return recordOf<OpenDesignRecord>(design);
 }
 
-/// Puts other content in the place of what the design may have.
-void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content) {
-    std::vector<oaDesign*> masters;
-    if (design.content) {
-        design.content->pcell.unbind();
-        masters = design.content->instances.boundMasters();
-        std::erase(masters, design.content->design());
-    }
-    design.content = std::move(content);
-    purgeUnused(masters);
-}
-
-void makeEmpty(OpenDesignRecord& design, std::uint32_t slot) {
-    replaceContent(design, DesignDatabase::makeEmpty(slot));
+/// Answers whether there was something to empty.
+bool makeEmpty(OpenDesignRecord& design, oaDesign* handle) {
+    const bool hadContent = design.content || hasContent(design.path);
+    replaceContent(design, DesignDatabase::makeEmpty(handle));
     design.content->setModified(true);
+    return hadContent;
 }
 
 /// Gives a super master whose content came from a file its definition. No access to the library is
 /// held meanwhile: the evaluator may ask for its own.
-oaDesign* withPcell(oaDesign* design) {
-    if (design)
-        designDatabaseOf(design).pcell.bind();
-    return design;
+void bindPcell(oaDesign* design) {
+    designDatabaseOf(design).pcell.bind();
+}
+
+/// The same for a design that may have submasters of its former content or definition.
+void bindPcellAnew(oaDesign* design, const DesignDatabase* formerContent) {
+    const bool isBound = designDatabaseOf(design).pcell.bind();
+    if (isBound || recordFor(design).content.get() != formerContent)
+        renewSubmasters(design);
 }
 
 /// Reads the content of the file. The caller holds access.
-void load(OpenDesignRecord& design, std::uint32_t slot) {
+void load(OpenDesignRecord& design, oaDesign* handle) {
     if (!hasContent(design.path))
         throw errorOf(oacCannotFindDesign, design.names);
-    auto content = DesignDatabase::read(slot, design.path);
+    auto content = DesignDatabase::read(handle, design.path);
     design.header = headerOf(design.path);
     design.lastSavedTime =
         std::chrono::system_clock::to_time_t(platform::lastWriteTime(design.path));
@@ -78,36 +75,54 @@ void load(OpenDesignRecord& design, std::uint32_t slot) {
 }
 
 /// Takes the lock, empties or reads the design, and sets the mode. The caller holds write access.
-void startEditing(OpenDesignRecord& design, std::uint32_t slot, oaChar mode) {
+/// Answers whether the design was emptied.
+bool startEditing(OpenDesignRecord& design, oaDesign* handle, oaChar mode) {
     std::optional<EditLock> lock;
     if (!design.lock)
         lock = EditLock::acquire(design.path);
     const bool changedElsewhere =
         lock && !design.header.empty() && design.header != headerOf(design.path);
+    bool emptied = false;
     if (mode == 'w' || (!design.content && !hasContent(design.path)))
-        makeEmpty(design, slot);
+        emptied = makeEmpty(design, handle);
     else if (!design.content || changedElsewhere)
-        load(design, slot);
+        load(design, handle);
     if (lock)
         design.lock = std::move(lock);
     design.mode = mode;
+    return emptied;
 }
 
-void stopEditing(OpenDesignRecord& design, std::uint32_t slot) {
+void stopEditing(OpenDesignRecord& design, oaDesign* handle) {
     if (design.content->isModified())
-        load(design, slot);
+        load(design, handle);
     design.lock.reset();
     design.mode = 'r';
 }
 
-void changeMode(OpenDesignRecord& design, std::uint32_t slot, oaChar mode) {
+bool changeModeOf(oaDesign* design, oaChar mode) {
+    OpenDesignRecord& record = recordFor(design);
     const bool edit = mode != 'r';
-    const DesignAccess access(design.lib, design.names,
+    const DesignAccess access(record.lib, record.names,
                               edit ? oacWriteLibAccess : oacReadLibAccess);
     if (edit)
-        startEditing(design, slot, mode);
-    else if (design.mode != 'r')
-        stopEditing(design, slot);
+        return startEditing(record, design, mode);
+    if (record.mode != 'r')
+        stopEditing(record, design);
+    return false;
+}
+
+void changeMode(oaDesign* design, oaChar mode) {
+    requireNoSubmaster(design);
+    requireNotEvaluated(design);
+    const oaChar former = recordFor(design).mode;
+    const DesignDatabase* formerContent = recordFor(design).content.get();
+    DesignObserver::notifyPreReopenObservers(design, mode);
+    const bool emptied = changeModeOf(design, mode);
+    bindPcellAnew(design, formerContent);
+    if (emptied)
+        DesignObserver::notifyTruncateObservers(design);
+    DesignObserver::notifyPostReopenObservers(design, former);
 }
 
 /// Adds an open design whose content `fill` provides.
@@ -115,13 +130,14 @@ template <class Fill>
 oaDesign* addOpenDesign(OpenDesignRecord design, Fill fill) {
     design.readInTime = now();
     const std::uint32_t slot = openDesigns().add(std::move(design));
+    auto* added = static_cast<oaDesign*>(openDesigns().handle(slot));
     try {
-        fill(openDesigns()[slot], slot);
+        fill(openDesigns()[slot], added);
     } catch (...) {
         openDesigns().destroy(slot);
         throw;
     }
-    return static_cast<oaDesign*>(openDesigns().handle(slot));
+    return added;
 }
 
 oaDesign* openForReading(OpenDesignRecord design, const oaViewType* wanted) {
@@ -136,15 +152,16 @@ oaDesign* openForReading(OpenDesignRecord design, const oaViewType* wanted) {
     return addOpenDesign(std::move(design), load);
 }
 
-oaDesign* openForEditing(OpenDesignRecord design, const oaViewType* wanted, oaChar mode) {
+oaDesign* openForEditing(OpenDesignRecord design, const oaViewType* wanted, oaChar mode,
+                         bool& emptied) {
     const DesignAccess access(design.lib, design.names, oacWriteLibAccess);
     design.viewType = viewTypeFor(design.lib, design.names, wanted);
     const DesignPlace place = makePlace(design.lib, design.names, design.viewType);
     design.place = place;
     design.path = primaryPath(place.cellView);
     try {
-        return addOpenDesign(std::move(design), [&](OpenDesignRecord& added, std::uint32_t slot) {
-            startEditing(added, slot, mode);
+        return addOpenDesign(std::move(design), [&](OpenDesignRecord& added, oaDesign* handle) {
+            emptied = startEditing(added, handle, mode);
         });
     } catch (...) {
         removeUnsaved(place);
@@ -158,7 +175,9 @@ oaDesign* openAgain(oaDesign* open, const oaViewType* wanted, oaChar mode) {
     if (wanted)
         requireSameType(design.names, design.viewType, wanted);
     if (mode == 'w' || (mode == 'a' && design.mode == 'r'))
-        changeMode(design, slotOf(open), mode);
+        changeMode(open, mode);
+    else
+        bindPcellAnew(open, design.content.get());
     ++design.openings;
     return open;
 }
@@ -182,6 +201,8 @@ void purgeDesignsOf(const oaLib* lib) {
             designs.push_back(openDesigns().handle(slot));
     });
     for (oaObject* design : designs)
+        requireNotEvaluated(static_cast<oaDesign*>(design));
+    for (oaObject* design : designs)
         if (design->isValid())
             purgeDesign(static_cast<oaDesign*>(design));
 }
@@ -202,6 +223,23 @@ Table<OpenDesignRecord>& openDesigns() {
     return designs;
 }
 
+Table<OpenDesignRecord>& openSubmasters() {
+    static Table<OpenDesignRecord>& submasters =
+        Session::instance().addTable<OpenDesignRecord>(kSubmasterTable);
+    return submasters;
+}
+
+void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content) {
+    std::vector<oaDesign*> masters;
+    if (design.content) {
+        design.content->pcell.unbind();
+        masters = design.content->instances.boundMasters();
+        std::erase(masters, design.content->design());
+    }
+    design.content = std::move(content);
+    purgeUnused(masters);
+}
+
 oaDesign* findOpenDesign(const DesignNames& names) {
     oaObject* found = nullptr;
     openDesigns().forEach([&](std::uint32_t slot, const OpenDesignRecord& design) {
@@ -220,9 +258,17 @@ oaDesign* openDesign(const DesignNames& names, const oaViewType* viewType, oaCha
     design.lib = libraryOf(names);
     design.openings = 1;
     if (oaDesign* open = findOpenDesign(names))
-        return withPcell(openAgain(open, viewType, mode));
-    return withPcell(mode == 'r' ? openForReading(std::move(design), viewType)
-                                 : openForEditing(std::move(design), viewType, mode));
+        return openAgain(open, viewType, mode);
+    bool emptied = false;
+    oaDesign* opened = mode == 'r' ? openForReading(std::move(design), viewType)
+                                   : openForEditing(std::move(design), viewType, mode, emptied);
+    if (!opened)
+        return nullptr;
+    bindPcell(opened);
+    DesignObserver::notifyFirstOpenObservers(opened);
+    if (emptied)
+        DesignObserver::notifyTruncateObservers(opened);
+    return opened;
 }
 
 oaDesign* openMaster(const DesignNames& names) {
@@ -239,25 +285,37 @@ oaDesign* openMaster(const DesignNames& names) {
 }
 
 void reopenDesign(oaDesign* design, oaChar mode) {
-    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
-    requireMode(record.names, mode);
-    changeMode(record, slotOf(design), mode);
-    withPcell(design);
+    requireMode(recordFor(design).names, mode);
+    changeMode(design, mode);
 }
 
 void revertDesign(oaDesign* design) {
-    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
+    requireNoSubmaster(design);
+    requireNotEvaluated(design);
+    OpenDesignRecord& record = recordFor(design);
+    const DesignDatabase* formerContent = record.content.get();
     {
         const DesignAccess access(record.lib, record.names, oacReadLibAccess);
-        load(record, slotOf(design));
+        load(record, design);
     }
-    withPcell(design);
+    bindPcellAnew(design, formerContent);
 }
 
-void saveDesign(oaDesign* design) {
-    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
-    if (record.mode == 'r')
-        throw errorOf(oacSaveReadOnlyDesign, record.names);
+namespace {
+
+/// Does a piece of work between the news that it begins and the news of how it ended.
+template <class Work, class Notify>
+void withNews(Work work, Notify notifyEnd) {
+    try {
+        work();
+    } catch (...) {
+        notifyEnd(false);
+        throw;
+    }
+    notifyEnd(true);
+}
+
+void writeToItsFile(OpenDesignRecord& record) {
     record.content->pcell.pack();
     const DesignAccess access(record.lib, record.names, oacWriteLibAccess);
     record.content->dropUnused();
@@ -268,13 +326,8 @@ void saveDesign(oaDesign* design) {
     record.lastSavedTime = now();
 }
 
-void saveDesignAs(oaDesign* design, const DesignNames& names) {
-    const OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
-    if (names == record.names)
-        return saveDesign(design);
-    const oaLib* lib = libraryOf(names);
-    if (findOpenDesign(names))
-        throw errorOf(oacCannotSaveAsOpenDesign, names);
+void writeToAnotherFile(const OpenDesignRecord& record, const DesignNames& names,
+                        const oaLib* lib) {
     record.content->pcell.pack();
     const DesignAccess access(lib, names, oacWriteLibAccess);
     const DesignPlace place = makePlace(lib, names, viewTypeFor(lib, names, record.viewType));
@@ -286,6 +339,37 @@ void saveDesignAs(oaDesign* design, const DesignNames& names) {
         removeUnsaved(place);
         throw;
     }
+}
+
+} // namespace
+
+void saveDesign(oaDesign* design) {
+    OpenDesignRecord& record = recordFor(design);
+    if (record.origin)
+        throw errorOf(oacSaveScratchModeDesign, record.names);
+    if (record.mode == 'r')
+        throw errorOf(oacSaveReadOnlyDesign, record.names);
+    DesignObserver::notifyPreSaveObservers(design);
+    withNews([&] { writeToItsFile(record); },
+             [&](bool done) { DesignObserver::notifyPostSaveObservers(design, done); });
+}
+
+void saveDesignAs(oaDesign* design, const DesignNames& names) {
+    const OpenDesignRecord& record = recordFor(design);
+    if (names == record.names)
+        return saveDesign(design);
+    const oaLib* lib = libraryOf(names);
+    if (findOpenDesign(names))
+        throw errorOf(oacCannotSaveAsOpenDesign, names);
+    const oaScalarName libName = scalarName(names.lib.c_str());
+    const oaScalarName cellName = scalarName(names.cell.c_str());
+    const oaScalarName viewName = scalarName(names.view.c_str());
+    DesignObserver::notifyPreSaveAsObservers(design, libName, cellName, viewName);
+    withNews([&] { writeToAnotherFile(record, names, lib); },
+             [&](bool done) {
+                 DesignObserver::notifyPostSaveAsObservers(design, libName, cellName, viewName,
+                                                           done);
+             });
 }
 
 void destroyDesign(const DesignNames& names) {
@@ -314,33 +398,104 @@ bool designExists(const DesignNames& names) {
     return cellView && hasContent(primaryPath(cellView));
 }
 
-void closeDesign(oaDesign* design) {
-    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
-    if (record.openings > 0)
-        --record.openings;
-    if (refCountOf(design) == 0)
-        purgeDesign(design);
+namespace {
+
+bool isBusy(const OpenDesignRecord& record) {
+    return record.evaluations > 0 ||
+           (record.origin && record.origin->state != EvaluationState::Done);
 }
 
-void purgeDesign(oaDesign* design) {
-    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
+bool isUnused(const oaDesign* design) {
+    return design->isValid() && !isBusy(recordFor(design)) && refCountOf(design) == 0;
+}
+
+void forgetSubmaster(Submasters& submasters, oaDesign* submaster, const std::string& key) {
+    std::erase(submasters.made, submaster);
+    const auto known = submasters.byKey.find(key);
+    if (known != submasters.byKey.end() && known->second == submaster)
+        submasters.byKey.erase(known);
+}
+
+void append(std::vector<oaDesign*>& designs, const std::vector<oaDesign*>& more) {
+    designs.insert(designs.end(), more.begin(), more.end());
+}
+
+/// Takes a design out of memory, with its submasters. Answers the designs that it may have been the
+/// last to refer to.
+std::vector<oaDesign*> drop(oaDesign* design) {
+    DesignObserver::notifyPurgeObservers(design);
+    OpenDesignRecord& record = recordFor(design);
+    std::vector<oaDesign*> referred = record.content->instances.boundMasters();
+    while (!record.submasters.made.empty())
+        append(referred, drop(record.submasters.made.back()));
     record.content->pcell.unbind();
-    const std::vector<oaDesign*> masters = record.content->instances.boundMasters();
+    if (record.origin) {
+        oaDesign* superMaster = record.origin->superMaster;
+        forgetSubmaster(recordFor(superMaster).submasters, design, record.origin->key);
+        referred.push_back(superMaster);
+    }
     record.lock.reset();
     removeFromDisk(record);
     oaTech* tech = record.tech;
-    openDesigns().destroy(slotOf(design));
+    auto& designs = static_cast<Table<OpenDesignRecord>&>(tableOf(design));
+    designs.destroy(slotOf(design));
     if (tech && tech->isValid())
         tech->close();
-    purgeUnused(masters);
+    return referred;
+}
+
+bool isSubmasterOf(const OpenDesignRecord& record, const oaDesign* superMaster) {
+    return record.origin && record.origin->superMaster == superMaster;
+}
+
+/// True when `other` has an instance of `design`, or of a submaster of it.
+bool refersTo(const OpenDesignRecord& other, const oaDesign* design) {
+    if (!other.content)
+        return false;
+    if (other.content->instances.isBoundTo(design))
+        return true;
+    if (recordFor(design).submasters.made.empty() || isSubmasterOf(other, design))
+        return false;
+    for (const oaDesign* master : other.content->instances.boundMasters())
+        if (isSubmasterOf(recordFor(master), design) && other.content->instances.isBoundTo(master))
+            return true;
+    return false;
+}
+
+} // namespace
+
+void closeDesign(oaDesign* design) {
+    OpenDesignRecord& record = recordFor(design);
+    if (record.openings > 0)
+        --record.openings;
+    purgeUnused({design});
+}
+
+void purgeDesign(oaDesign* design) {
+    requireNotEvaluated(design);
+    purgeUnused(drop(design));
+}
+
+void purgeUnused(std::vector<oaDesign*> designs) {
+    while (!designs.empty()) {
+        oaDesign* design = designs.back();
+        designs.pop_back();
+        if (isUnused(design))
+            append(designs, drop(design));
+    }
 }
 
 std::uint32_t refCountOf(const oaDesign* design) {
-    std::uint32_t count = recordOf<OpenDesignRecord>(design).openings;
-    openDesigns().forEach([&](std::uint32_t slot, const OpenDesignRecord& other) {
-        if (slot != slotOf(design) && other.content && other.content->instances.isBoundTo(design))
+    const OpenDesignRecord& record = recordFor(design);
+    std::uint32_t count = record.openings;
+    for (const oaDesign* submaster : record.submasters.made)
+        count += recordFor(submaster).openings > 0 ? 1 : 0;
+    const auto countIfReferring = [&](std::uint32_t, const OpenDesignRecord& other) {
+        if (&other != &record && refersTo(other, design))
             ++count;
-    });
+    };
+    openDesigns().forEach(countIfReferring);
+    openSubmasters().forEach(countIfReferring);
     return count;
 }
 

@@ -5,14 +5,34 @@
 #include "dm/src/edit_lock.h"
 #include "dm/src/library_access.h"
 #include "oa/oaDesign.h"
+#include "oa/oaParamArray.h"
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace OpenAccess_4::impl {
 
 class DesignDatabase;
+
+enum class EvaluationState { Pending, Running, Done };
+
+/// What a submaster follows from.
+struct SubmasterOrigin {
+    oaDesign* superMaster = nullptr;
+    oaParamArray params; // the effective ones, in the order of the super master
+    oaParamArray given;  // those of them that are not there by default
+    std::string key;     // what `params` are found by
+    EvaluationState state = EvaluationState::Pending;
+};
+
+/// The submasters of a super master.
+struct Submasters {
+    std::vector<oaDesign*> made; // in the order in which they were
+    std::unordered_map<std::string, oaDesign*> byKey;
+};
 
 /// An open design as the session knows it.
 struct OpenDesignRecord {
@@ -23,11 +43,14 @@ struct OpenDesignRecord {
     std::uint32_t openings = 0; // by the application
     oaTime readInTime = 0;
     oaTime lastSavedTime = 0;
-    DesignPlace place;            // what was made on disk for a design that is new
-    std::string path;             // of the primary file
-    std::string header;           // of the file that the content came from or went to
-    std::optional<EditLock> lock; // held in every mode but 'r'
-    oaTech* tech = nullptr;       // opened by getTech(), to be closed with the design
+    DesignPlace place;                       // what was made on disk for a design that is new
+    std::string path;                        // of the primary file
+    std::string header;                      // of the file that the content came from or went to
+    std::optional<EditLock> lock;            // held in every mode but 'r'
+    oaTech* tech = nullptr;                  // opened by getTech(), to be closed with the design
+    std::unique_ptr<SubmasterOrigin> origin; // of a submaster, which has neither file nor lock
+    Submasters submasters;                   // of a super master
+    std::uint32_t evaluations = 0;           // of it, or of its submasters, that are running
     std::unique_ptr<DesignDatabase> content;
 
     static constexpr oaTypeEnum kType = oacDesignType;
@@ -38,8 +61,12 @@ struct OpenDesignRecord {
 
 // Tables of the session.
 inline constexpr std::uint32_t kOpenDesignTable = 48;
+inline constexpr std::uint32_t kSubmasterTable = 49;
 
+/// The designs that are found by their names.
 Table<OpenDesignRecord>& openDesigns();
+/// The submasters, which have the names of their super masters.
+Table<OpenDesignRecord>& openSubmasters();
 
 /// The open design of these names, or null.
 oaDesign* findOpenDesign(const DesignNames& names);
@@ -54,6 +81,10 @@ void destroyDesign(const DesignNames& names);
 bool designExists(const DesignNames& names);
 void closeDesign(oaDesign* design);
 void purgeDesign(oaDesign* design);
+/// Purges the designs among these that nothing refers to any more.
+void purgeUnused(std::vector<oaDesign*> designs);
+/// Puts other content in the place of what the design may have.
+void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content);
 std::uint32_t refCountOf(const oaDesign* design);
 
 /// The design as a master: open already, or opened for reading now; null when it cannot be. One

@@ -1,4 +1,8 @@
+#include "base/src/source.h"
 #include "design/src/design_database.h"
+#include "design/src/names.h"
+#include "design/src/open_designs.h"
+#include "design/src/submasters.h"
 #include "oa/oaDesign.h"
 #include "oa/oaDesignException.h"
 
@@ -10,6 +14,11 @@ namespace {
 
 PcellMaster& pcellOf(const oaDesign* design) {
     return designDatabaseOf(design).pcell;
+}
+
+/// What a submaster follows from; null for other designs.
+const SubmasterOrigin* originOf(const oaDesign* design) {
+    return recordOf<OpenDesignRecord>(design).origin.get();
 }
 
 /// The pcell side of a design that is a super master.
@@ -26,12 +35,23 @@ PcellMaster& superMaster(const oaDesign* design) {
 } // namespace
 
 void oaDesign::defineSuperMaster(oaPcellDef* def, const oaParamArray& defaults) {
-    pcellOf(this).define(def, defaults);
+    requireNoSubmaster(this);
+    requireNotEvaluated(this);
+    try {
+        pcellOf(this).define(def, defaults);
+    } catch (...) {
+        renewSubmasters(this);
+        throw;
+    }
+    renewSubmasters(this);
 }
 
 void oaDesign::undefineSuperMaster() {
     designDatabaseOf(this).requireEditable();
-    superMaster(this).undefine();
+    PcellMaster& pcell = superMaster(this);
+    requireNotEvaluated(this);
+    pcell.undefine();
+    renewSubmasters(this);
 }
 
 oaBoolean oaDesign::isSuperMaster() const {
@@ -39,8 +59,30 @@ oaBoolean oaDesign::isSuperMaster() const {
 }
 
 oaBoolean oaDesign::isSubMaster() const {
-    designDatabaseOf(this);
-    return false;
+    return originOf(this) != nullptr;
+}
+
+oaDesign* oaDesign::open(const oaScalarName& libName, const oaScalarName& cellName,
+                         const oaScalarName& viewName, const oaParamArray& params) {
+    return openSubmaster(designNames(libName, cellName, viewName), params);
+}
+
+oaDesign* oaDesign::getSuperMaster() const {
+    if (const SubmasterOrigin* origin = originOf(this))
+        return origin->superMaster;
+    const DesignNames& names = designDatabaseOf(this).names();
+    throw oaDesignError(oacInvalidSubMaster, names.lib.c_str(), names.cell.c_str(),
+                        names.view.c_str());
+}
+
+oaCollection<oaDesign, oaDesign> oaDesign::getSubMasters() const {
+    const std::vector<oaDesign*>& made = recordOf<OpenDesignRecord>(this).submasters.made;
+    return collectionOf<oaCollection<oaDesign, oaDesign>>(
+        std::vector<oaObject*>(made.begin(), made.end()));
+}
+
+void oaDesign::evalSuperMaster() {
+    evaluateSuperMaster(this);
 }
 
 oaPcellDef* oaDesign::getPcellDef() const {
@@ -53,11 +95,15 @@ void oaDesign::getPcellEvaluatorName(oaString& name) const {
 
 void oaDesign::getParams(oaParamArray& params, oaBoolean includeDefaults) const {
     params.setNumElements(0);
-    if (includeDefaults)
+    if (const SubmasterOrigin* origin = originOf(this))
+        params = includeDefaults ? origin->params : origin->given;
+    else if (includeDefaults)
         pcellOf(this).getParams(params);
 }
 
 oaBoolean oaDesign::findParam(const oaString& name, oaParam& param) const {
+    if (const SubmasterOrigin* origin = originOf(this))
+        return origin->params.find(name, param);
     return pcellOf(this).findParam(name, param);
 }
 

@@ -4,6 +4,7 @@
 #include "design/src/design_database.h"
 #include "design/src/open_designs.h"
 #include "design/src/param_records.h"
+#include "design/src/pcell_observers.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaDesign.h"
 #include "oa/oaDesignException.h"
@@ -73,6 +74,16 @@ void PcellMaster::keep(oaPcellDef* definition, IPcell* evaluator) {
     evaluator_ = oaCommon::SPtr<IPcell>(evaluator);
 }
 
+template <class Call>
+void PcellMaster::tellWhenItFails(oaPcellErrorTypeEnum kind, Call call) {
+    try {
+        call();
+    } catch (...) {
+        tellPcellError(design(), textOfFailure(), kind);
+        throw;
+    }
+}
+
 void PcellMaster::define(oaPcellDef* definition, const oaParamArray& defaults) {
     if (!definition || !definition->getIPcell())
         throw oaDesignError(oacPcellInvalidPcellDef);
@@ -87,7 +98,7 @@ void PcellMaster::define(oaPcellDef* definition, const oaParamArray& defaults) {
         return;
     keep(definition, definition->getIPcell());
     try {
-        evaluator_->onBind(design(), definition);
+        tellWhenItFails(oacPcellBindError, [&] { evaluator_->onBind(design(), definition); });
     } catch (...) {
         unbind();
         clear();
@@ -115,26 +126,55 @@ bool PcellMaster::findParam(const oaString& name, oaParam& param) const {
     return params.find(name, param);
 }
 
-void PcellMaster::bind() {
-    if (!isDefined() || definition_)
-        return;
-    const oaPcellLink* link = oaPcellLink::find(evaluatorName());
-    if (!link)
-        return;
+void PcellMaster::takeDefinition() {
+    oaString reason = "there is none of that name";
     try {
-        oaPcellDef* definition = link->getIPcell()->getPcellDef();
-        if (!definition)
-            return;
-        keep(definition, link->getIPcell());
+        const oaPcellLink* link = oaPcellLink::find(evaluatorName());
+        oaPcellDef* definition = link ? link->getIPcell()->getPcellDef() : nullptr;
+        if (definition)
+            return keep(definition, link->getIPcell());
+        if (link)
+            reason = "it gives no definition";
+    } catch (...) {
+        reason = textOfFailure();
+    }
+    const DesignNames& names = designDatabaseOf(design()).names();
+    throw oaDesignError(oacPcellEvaluatorMissing, evaluatorName(), names.lib.c_str(),
+                        names.cell.c_str(), names.view.c_str(), static_cast<const oaChar*>(reason));
+}
+
+bool PcellMaster::bind() {
+    if (!isDefined() || definition_)
+        return false;
+    try {
+        tellWhenItFails(oacPcellPlugInError, [&] { takeDefinition(); });
         DefinitionData data(database_.strings.text(master().data));
         oaMapFileWindow window = data.window();
         oaUInt4 loc = 0;
-        evaluator_->onRead(design(), window, loc, definition);
-        evaluator_->onBind(design(), definition);
+        tellWhenItFails(oacPcellReadError,
+                        [&] { evaluator_->onRead(design(), window, loc, definition_); });
+        tellWhenItFails(oacPcellBindError, [&] { evaluator_->onBind(design(), definition_); });
+        return true;
     } catch (...) {
         // The design can be worked with without its evaluator, as one of an unknown evaluator can.
         unbind();
+        return false;
     }
+}
+
+void PcellMaster::evaluate(oaDesign* design) {
+    evaluator_->onEval(design, definition_);
+}
+
+void PcellMaster::takeFrom(PcellMaster& other) {
+    if (!other.isDefined())
+        return;
+    oaParamArray defaults;
+    other.getParams(defaults);
+    store(other.evaluatorName(), defaults);
+    master().data = database_.strings.intern(other.database_.strings.text(other.master().data));
+    definition_ = std::exchange(other.definition_, nullptr);
+    evaluator_ = std::exchange(other.evaluator_, {});
 }
 
 void PcellMaster::unbind() noexcept {
@@ -146,14 +186,11 @@ void PcellMaster::unbind() noexcept {
         evaluator->onUnbind(design(), definition);
     } catch (...) {
         // The design goes on, or goes, without the definition in any case.
+        tellPcellError(design(), textOfFailure(), oacPcellUnbindError);
     }
 }
 
-void PcellMaster::pack() {
-    if (!definition_)
-        return;
-    DefinitionData data(evaluator_->calcDiskSize(definition_));
-    oaMapFileWindow window = data.window();
+void PcellMaster::write(oaMapFileWindow window) {
     oaUInt4 loc = 0;
     try {
         evaluator_->onWrite(design(), window, loc, definition_);
@@ -164,6 +201,16 @@ void PcellMaster::pack() {
         throw oaDesignError(oacPcellDefinitionTooLong, names.lib.c_str(), names.cell.c_str(),
                             names.view.c_str(), window.getSize(), evaluatorName());
     }
+}
+
+void PcellMaster::pack() {
+    if (!definition_)
+        return;
+    oaUInt4 size = 0;
+    tellWhenItFails(oacPcellCalcDiskSizeError,
+                    [&] { size = evaluator_->calcDiskSize(definition_); });
+    DefinitionData data(size);
+    tellWhenItFails(oacPcellWriteError, [&] { write(data.window()); });
     const StringId packed = database_.strings.intern(data.bytes());
     if (packed != master().data) {
         master().data = packed;

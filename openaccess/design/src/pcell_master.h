@@ -3,6 +3,7 @@
 #include "base/src/database.h"
 #include "design/src/table_numbers.h"
 #include "oa/oaCommonSPtr.h"
+#include "oa/oaDesignEnums.h"
 #include "oa/oaParamArray.h"
 #include "oa/oaPcellDef.h"
 
@@ -66,8 +67,13 @@ public:
     bool findParam(const oaString& name, oaParam& param) const;
 
     /// Gives a super master that was read from a file its definition. When the evaluator is not
-    /// known, or fails, the design stays without one and keeps its definition data.
-    void bind();
+    /// known, or fails, the design stays without one and keeps its definition data, and the pcell
+    /// observers are told. True when there is a definition that was not there before.
+    bool bind();
+    /// Has the evaluator fill `design`. There is a definition.
+    void evaluate(oaDesign* design);
+    /// Takes what makes another content of the same design a super master.
+    void takeFrom(PcellMaster& other);
     /// Hands the definition back, before the content of the design goes.
     void unbind() noexcept;
     /// Has the evaluator write the definition data, before the design is written to a file.
@@ -81,6 +87,10 @@ private:
     void clear();
     void store(const oaString& evaluatorName, const oaParamArray& defaults);
     void keep(oaPcellDef* definition, IPcell* evaluator);
+    void takeDefinition();
+    void write(oaMapFileWindow window);
+    template <class Call>
+    void tellWhenItFails(oaPcellErrorTypeEnum kind, Call call);
 
     Database& database_;
     Table<SuperMasterRecord>& masters_;

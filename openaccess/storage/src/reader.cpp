@@ -2,15 +2,20 @@
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaException.h"
 #include "storage/src/database_file.h"
+#include "storage/src/database_sequence.h"
 #include "storage/src/format.h"
 
 #include "platform/file.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace OpenAccess_4::impl {
 
 namespace {
+
+constexpr std::uint64_t kNowhere = ~std::uint64_t(0);
 
 /// The bytes of a database file, from the first to the last.
 class ByteSource {
@@ -21,17 +26,53 @@ public:
     virtual bool read(std::span<std::byte> bytes) = 0;
 };
 
+/// A file from some byte on. Small files are read at once; of larger ones the long sections are
+/// read to where they belong.
 class FileSource final : public ByteSource {
 public:
-    explicit FileSource(const std::string& path) : file_(path, platform::OpenMode::read) {}
+    FileSource(platform::File& file, std::uint64_t position)
+        : file_(file), size_(sizeFrom(file, position)), unread_(size_) {}
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
 
-    std::uint64_t size() const override { return file_.size(); }
+    std::uint64_t size() const override { return size_; }
     bool read(std::span<std::byte> bytes) override {
-        return file_.read(bytes.data(), bytes.size()) == bytes.size();
+        bytes = bytes.subspan(takeBuffered(bytes));
+        if (bytes.empty())
+            return true;
+        if (bytes.size() >= buffer_.size())
+            return readInto(bytes);
+        const std::size_t filled = std::size_t(std::min<std::uint64_t>(unread_, buffer_.size()));
+        if (!readInto(std::span(buffer_).first(filled)))
+            return false;
+        buffered_ = std::span(buffer_).first(filled);
+        return takeBuffered(bytes) == bytes.size();
     }
 
 private:
-    platform::File file_;
+    static std::uint64_t sizeFrom(const platform::File& file, std::uint64_t position) {
+        const std::uint64_t size = file.size();
+        return size > position ? size - position : 0;
+    }
+
+    std::size_t takeBuffered(std::span<std::byte> bytes) {
+        const std::size_t taken = std::min(bytes.size(), buffered_.size());
+        std::copy_n(buffered_.begin(), taken, bytes.begin());
+        buffered_ = buffered_.subspan(taken);
+        return taken;
+    }
+
+    bool readInto(std::span<std::byte> bytes) {
+        const std::size_t got = file_.read(bytes.data(), bytes.size());
+        unread_ -= std::min<std::uint64_t>(unread_, got);
+        return got == bytes.size();
+    }
+
+    platform::File& file_;
+    std::uint64_t size_;
+    std::uint64_t unread_;
+    std::span<const std::byte> buffered_;
+    std::array<std::byte, 64 * 1024> buffer_; // left as it is until it is read into
 };
 
 class MemorySource final : public ByteSource {
@@ -60,13 +101,20 @@ public:
 
     void read(DatabaseFileKind kind) {
         readHeader(kind);
-        readSectionTable();
-        for (const SectionEntry& section : sections_)
-            readSection(section);
-        if (offset_ != fileSize_)
-            damaged("has bytes behind its last section");
-        finishStrings();
-        checkRecords();
+        if (header_.fileSize != fileSize_)
+            wrongLength();
+        readContent();
+    }
+
+    /// Reads a database that others may follow.
+    void readOneOfSeveral(DatabaseFileKind kind) {
+        readHeader(kind);
+        if (header_.fileSize < sizeof(FileHeader) || header_.fileSize > fileSize_)
+            wrongLength();
+        const std::uint64_t room = std::exchange(fileSize_, header_.fileSize);
+        readContent();
+        if (room > fileSize_)
+            readBeginningOfNext();
     }
 
 private:
@@ -93,11 +141,31 @@ private:
                     ", which this version does not read");
         if (header_.kind != std::uint32_t(kind))
             damaged("holds another kind of database");
-        if (header_.fileSize != fileSize_)
-            damaged("is " + std::to_string(fileSize_) + " bytes long instead of " +
-                    std::to_string(header_.fileSize));
         if (header_.reserved != 0)
             damaged("has a damaged header");
+    }
+
+    [[noreturn]] void wrongLength() const {
+        damaged("is " + std::to_string(fileSize_) + " bytes long instead of " +
+                std::to_string(header_.fileSize));
+    }
+
+    void readContent() {
+        readSectionTable();
+        for (const SectionEntry& section : sections_)
+            readSection(section);
+        if (offset_ != fileSize_)
+            damaged("has bytes behind its last section");
+        finishStrings();
+        checkRecords();
+    }
+
+    void readBeginningOfNext() {
+        readPadding(alignSection(offset_));
+        decltype(FileHeader::magic) magic;
+        readBytes(std::as_writable_bytes(std::span(magic)));
+        if (magic != kMagic)
+            damaged("has bytes behind its last database");
     }
 
     void readSectionTable() {
@@ -223,10 +291,31 @@ private:
 
 void readDatabaseFile(const std::string& path, DatabaseFileKind kind, Database& database) {
     try {
-        FileSource source(path);
+        platform::File file(path, platform::OpenMode::read);
+        FileSource source(file, 0);
         Reader(path, source, database).read(kind);
     } catch (const platform::SystemFailure& failure) {
         throw oaError(oacDatabaseFileNotRead, path.c_str(), failure.error().text().c_str());
+    }
+}
+
+DatabaseReader::DatabaseReader(const std::string& path) : path_(path) {
+    try {
+        file_ = platform::File(path, platform::OpenMode::read);
+    } catch (const platform::SystemFailure& failure) {
+        throw oaError(oacDatabaseFileNotRead, path.c_str(), failure.error().text().c_str());
+    }
+}
+
+void DatabaseReader::read(DatabaseFileKind kind, std::uint64_t offset, Database& database) {
+    try {
+        if (offset != position_)
+            file_.seek(offset);
+        position_ = kNowhere; // the position depends on how much was read
+        FileSource source(file_, offset);
+        Reader(path_, source, database).readOneOfSeveral(kind);
+    } catch (const platform::SystemFailure& failure) {
+        throw oaError(oacDatabaseFileNotRead, path_.c_str(), failure.error().text().c_str());
     }
 }
 

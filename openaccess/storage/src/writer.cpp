@@ -2,11 +2,16 @@
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaException.h"
 #include "storage/src/database_file.h"
+#include "storage/src/database_sequence.h"
 #include "storage/src/format.h"
 
 #include "platform/atomic_file.h"
 
+#include <algorithm>
+#include <array>
+#include <cstring>
 #include <deque>
+#include <string_view>
 #include <utility>
 
 namespace OpenAccess_4::impl {
@@ -48,6 +53,8 @@ public:
         }
         size_ = offset;
     }
+
+    std::uint64_t size() const { return size_; }
 
     void write(platform::AtomicFile& file, DatabaseFileKind kind) const {
         std::vector<SectionEntry> table;
@@ -98,13 +105,24 @@ SectionEntry entryOf(const TableBase& table) {
     return entry;
 }
 
+/// The numbers of tables that do not go into a file.
+using LeftOut = std::span<const std::uint32_t>;
+
 template <class Visit>
-void forEachStored(const Database& database, Visit visit) {
+void forEachStored(const Database& database, LeftOut leftOut, Visit visit) {
     for (std::uint32_t number = 0; number < database.tableCount(); ++number) {
         const TableBase* table = database.table(number);
-        if (table && table->id().kind != kTransientKind)
+        if (table && table->id().kind != kTransientKind &&
+            std::ranges::find(leftOut, number) == leftOut.end())
             visit(*table);
     }
+}
+
+bool leavesSomethingOut(const Database& database, LeftOut leftOut) {
+    return std::ranges::any_of(leftOut, [&](std::uint32_t number) {
+        const TableBase* table = database.table(number);
+        return table && table->live() > 0;
+    });
 }
 
 void addPools(Layout& layout, const StringPool& strings, const PointPool& points) {
@@ -113,20 +131,23 @@ void addPools(Layout& layout, const StringPool& strings, const PointPool& points
     layout.add(kPointsSection, points.all());
 }
 
-void writeAsItLies(platform::AtomicFile& file, DatabaseFileKind kind, const Database& database) {
+std::uint64_t writeAsItLies(platform::AtomicFile& file, DatabaseFileKind kind,
+                            const Database& database, LeftOut leftOut) {
     Layout layout;
     addPools(layout, database.strings, database.points);
-    forEachStored(database,
+    forEachStored(database, leftOut,
                   [&](const TableBase& table) { layout.add(entryOf(table), table.recordBytes()); });
     layout.place();
     layout.write(file, kind);
+    return layout.size();
 }
 
-void writeCompacted(platform::AtomicFile& file, DatabaseFileKind kind, const Database& database) {
+std::uint64_t writeCompacted(platform::AtomicFile& file, DatabaseFileKind kind,
+                             const Database& database, LeftOut leftOut) {
     RecordRemapper remapper(database);
     std::deque<std::vector<std::byte>> records;
     std::vector<const TableBase*> tables;
-    forEachStored(database, [&](const TableBase& table) {
+    forEachStored(database, leftOut, [&](const TableBase& table) {
         tables.push_back(&table);
         records.push_back(table.compacted(remapper));
     });
@@ -140,22 +161,93 @@ void writeCompacted(platform::AtomicFile& file, DatabaseFileKind kind, const Dat
     }
     layout.place();
     layout.write(file, kind);
+    return layout.size();
+}
+
+/// Answers how many bytes were written.
+std::uint64_t write(platform::AtomicFile& file, DatabaseFileKind kind, const Database& database,
+                    LeftOut leftOut) {
+    return database.hasGarbage() || leavesSomethingOut(database, leftOut)
+               ? writeCompacted(file, kind, database, leftOut)
+               : writeAsItLies(file, kind, database, leftOut);
+}
+
+/// Does `work`; what the system refuses is reported as a failure to write `path`.
+template <class Work>
+auto writing(const std::string& path, Work work) {
+    try {
+        return work();
+    } catch (const platform::SystemFailure& failure) {
+        throw oaError(oacDatabaseFileNotWritten, path.c_str(), failure.error().text().c_str());
+    }
+}
+
+/// True when `bytes` are databases of `kind`, each as long as it says; their content is not
+/// looked at.
+bool areDatabases(std::string_view bytes, DatabaseFileKind kind) {
+    while (!bytes.empty()) {
+        FileHeader header;
+        if (bytes.size() < sizeof(header))
+            return false;
+        std::memcpy(&header, bytes.data(), sizeof(header));
+        if (header.magic != kMagic || header.version != kFormatVersion ||
+            header.kind != std::uint32_t(kind) || header.fileSize < sizeof(header) ||
+            header.fileSize > bytes.size() ||
+            header.headerChecksum != hashBytes(&header, offsetof(FileHeader, headerChecksum)))
+            return false;
+        const std::uint64_t next = alignSection(header.fileSize);
+        if (header.fileSize < bytes.size() && next >= bytes.size())
+            return false;
+        bytes.remove_prefix(std::min<std::size_t>(std::size_t(next), bytes.size()));
+    }
+    return true;
 }
 
 } // namespace
 
 void writeDatabaseFile(const std::string& path, DatabaseFileKind kind, const Database& database) {
     platform::removeStaleTemporaries(path);
-    try {
+    writing(path, [&] {
         platform::AtomicFile file(path);
-        if (database.hasGarbage())
-            writeCompacted(file, kind, database);
-        else
-            writeAsItLies(file, kind, database);
+        write(file, kind, database, {});
         file.commit();
+    });
+}
+
+DatabaseWriter::DatabaseWriter(const std::string& path, DatabaseFileKind kind, bool keepsOld)
+    : path_(path), kind_(kind) {
+    platform::removeStaleTemporaries(path);
+    writing(path, [&] { file_ = std::make_unique<platform::AtomicFile>(path); });
+    if (keepsOld && platform::exists(path))
+        keepOld();
+}
+
+void DatabaseWriter::keepOld() {
+    std::string old;
+    try {
+        old = platform::readFile(path_);
     } catch (const platform::SystemFailure& failure) {
-        throw oaError(oacDatabaseFileNotWritten, path.c_str(), failure.error().text().c_str());
+        throw oaError(oacDatabaseFileNotRead, path_.c_str(), failure.error().text().c_str());
     }
+    if (!areDatabases(old, kind_))
+        throw oaError(oacDatabaseFileDamaged, path_.c_str(), "is not a row of whole databases");
+    writing(path_, [&] { file_->write(old.data(), old.size()); });
+    size_ = old.size();
+}
+
+std::uint64_t DatabaseWriter::append(const Database& database,
+                                     std::span<const std::uint32_t> leftOut) {
+    return writing(path_, [&] {
+        const std::uint64_t offset = alignSection(size_);
+        static constexpr std::array<std::byte, kSectionAlignment> zeros{};
+        file_->write(zeros.data(), std::size_t(offset - size_));
+        size_ = offset + write(*file_, kind_, database, leftOut);
+        return offset;
+    });
+}
+
+void DatabaseWriter::commit() {
+    writing(path_, [&] { file_->commit(); });
 }
 
 } // namespace OpenAccess_4::impl

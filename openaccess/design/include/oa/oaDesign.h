@@ -38,7 +38,18 @@ public:
     static oaDesign* open(const oaScalarName& libName, const oaScalarName& cellName,
                           const oaScalarName& viewName, oaChar mode);
 
-    /// The open design of these names, or null. It is not counted.
+    /// The submaster of a pcell for these parameters, the others being those of the super master:
+    /// the one that there is, or one that is made and evaluated now. The super master is opened for
+    /// reading when it is not open. Null when the evaluation failed, which the pcell observers are
+    /// told, or when there is no such design.
+    /// @throws oaDesignError  oacInvalidSuperMaster; oacInvalidDataTypeForParam: the super master
+    /// has
+    ///                        no parameter of that name and type; oacPcellEvaluatesItself,
+    ///                        oacPcellEvaluationsTooDeep; and as open() for reading
+    static oaDesign* open(const oaScalarName& libName, const oaScalarName& cellName,
+                          const oaScalarName& viewName, const oaParamArray& params);
+
+    /// The open design of these names, or null. It is not counted. Submasters are not found.
     static oaDesign* find(const oaScalarName& libName, const oaScalarName& cellName,
                           const oaScalarName& viewName);
     /// True when the design is open or its file has a content.
@@ -52,7 +63,7 @@ public:
 
     /// Writes the design to its file. After a failure the old file is whole, and the design is open
     /// and modified as before.
-    /// @throws oaDesignError  oacSaveReadOnlyDesign
+    /// @throws oaDesignError  oacSaveReadOnlyDesign; oacSaveScratchModeDesign: it is a submaster
     /// @throws oaError        oacDatabaseFileNotWritten
     void save();
     /// Writes the content to the file of another cell view, which is made when it is missing. The
@@ -63,7 +74,8 @@ public:
     /// Undoes one open(); the last one purges the design.
     void close();
     /// Drops the design from memory, with all changes since the last save. One that was never saved
-    /// leaves no cell view behind, and no cell.
+    /// leaves no cell view behind, and no cell. A super master takes its submasters along.
+    /// @throws oaDesignError  oacPcellBeingEvaluated
     void purge();
     /// Changes the mode; 'w' empties the design. Going to 'r' drops changes since the last save.
     /// @throws oaDesignError  as open(); then the design is as before
@@ -71,9 +83,11 @@ public:
     /// Drops all changes since the last save.
     void revert();
 
+    /// 's', scratch, for a submaster.
     oaChar getMode() const;
     /// Calls of open() less calls of close(), and the other open designs with an instance that is
-    /// bound to this one.
+    /// bound to this one. For a super master those with an instance bound to one of its submasters
+    /// count as well, and so do its submasters that are open themselves.
     oaUInt4 getRefCount() const;
     oaBoolean isModified() const;
 
@@ -105,21 +119,36 @@ public:
     /// submasters from. Its content stays. The definition belongs to the database from now on,
     /// which hands it to IPcell::onUnbind() when the design is purged, undefined or defined anew;
     /// also when this call fails in the evaluator, after which the design is no super master.
-    /// @throws oaDesignError  oacCannotModifyReadModeDesign, oacPcellInvalidPcellDef, and what
+    /// Submasters that there are stay the same designs and are evaluated anew.
+    /// @throws oaDesignError  oacCannotModifyReadModeDesign, oacCannotModifySubMaster,
+    ///                        oacPcellInvalidPcellDef, oacPcellBeingEvaluated, and what
     ///                        IPcell::onBind() throws
     void defineSuperMaster(oaPcellDef* def, const oaParamArray& defaults);
-    /// @throws oaDesignError  oacCannotModifyReadModeDesign, oacInvalidSuperMaster
+    /// Makes the design an ordinary one and purges its submasters.
+    /// @throws oaDesignError  oacCannotModifyReadModeDesign, oacInvalidSuperMaster,
+    ///                        oacPcellBeingEvaluated
     void undefineSuperMaster();
+    /// Replaces the block of the super master by what its evaluator draws for the defaults. A
+    /// failure of the evaluator leaves it without a block and is told to the pcell observers.
+    /// @throws oaDesignError  oacInvalidSuperMaster, oacCannotModifyReadModeDesign
+    void evalSuperMaster();
     oaBoolean isSuperMaster() const;
-    /// False: every design is one that is stored.
+    /// True for what an evaluator made of a super master for some parameters: a design with the
+    /// names of the super master that can be neither saved nor changed, except by its evaluation.
     oaBoolean isSubMaster() const;
+    /// @throws oaDesignError  oacInvalidSubMaster
+    oaDesign* getSuperMaster() const;
+    /// The submasters that there are, in the order in which they were made; none for a design that
+    /// is no super master.
+    oaCollection<oaDesign, oaDesign> getSubMasters() const;
     /// Null when the evaluator is not known, or failed when the design was opened.
     /// @throws oaDesignError  oacInvalidSuperMaster
     oaPcellDef* getPcellDef() const;
     /// @throws oaDesignError  oacInvalidSuperMaster
     void getPcellEvaluatorName(oaString& name) const;
     /// The parameters of a super master with their defaults, in the order of their definition; none
-    /// of them when `includeDefaults` is false. Other designs have none.
+    /// of them when `includeDefaults` is false. For a submaster the values that it has; only those
+    /// that it was first asked for with when `includeDefaults` is false. Other designs have none.
     void getParams(oaParamArray& params, oaBoolean includeDefaults = true) const;
     oaBoolean findParam(const oaString& name, oaParam& param) const;
 

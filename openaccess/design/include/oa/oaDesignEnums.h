@@ -141,8 +141,8 @@ enum oaBitOrderEnum {
 /// The direction in which the bits of a bus count.
 OA_NAMED_ENUM(oaBitOrder);
 
-/// The step in the life of a pcell that failed.
-enum oaPcellErrorTypeEnum {
+/// The step in the life of a pcell that failed. Evaluators may report numbers of their own as well.
+enum oaPcellErrorTypeEnum : oaUInt4 {
     oacPcellBindError,
     oacPcellUnbindError,
     oacPcellEvalError,

@@ -56,6 +56,12 @@ enum oaDesignMsgIds {
     oacParamsSuppliedForNonPCellInstMaster,
     oacInvalidDataTypeForParam,
     oacPcellDefinitionTooLong,
+    oacCannotModifySubMaster,
+    oacPcellEvaluatorMissing,
+    oacPcellNotEvaluated,
+    oacPcellEvaluatesItself,
+    oacPcellEvaluationsTooDeep,
+    oacPcellBeingEvaluated,
     oacPcellSubMasterNotProduced = 1201,
 };
 
