@@ -1,0 +1,215 @@
+#include "platform/supervised_process.h"
+
+#include "platform/path.h"
+#include "windows/create_process.h"
+#include "windows/wide.h"
+
+#include <algorithm>
+#include <array>
+#include <psapi.h>
+
+namespace platform {
+
+using internal::fail;
+using internal::Handle;
+using internal::wide;
+
+namespace {
+
+constexpr DWORD startFlags = CREATE_NO_WINDOW | CREATE_SUSPENDED | EXTENDED_STARTUPINFO_PRESENT;
+
+struct Pipe {
+    Handle reading;
+    Handle writing;
+
+    explicit Pipe(const std::string& program) {
+        HANDLE ends[2];
+        if (!CreatePipe(&ends[0], &ends[1], nullptr, 0))
+            fail("cannot make a pipe for program", program);
+        reading = Handle(ends[0]);
+        writing = Handle(ends[1]);
+    }
+};
+
+void letInherit(const Handle& handle) {
+    SetHandleInformation(handle.get(), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
+}
+
+std::wstring quoted(const std::wstring& argument) {
+    std::wstring result = L"\"";
+    std::size_t backslashes = 0;
+    for (const wchar_t c : argument) {
+        if (c == L'"')
+            result.append(backslashes + 1, L'\\');
+        backslashes = c == L'\\' ? backslashes + 1 : 0;
+        result += c;
+    }
+    return result.append(backslashes, L'\\') + L'"';
+}
+
+/// The list of what a new process inherits: these handles and no others.
+class InheritedHandles {
+public:
+    explicit InheritedHandles(std::vector<HANDLE> handles) : inherited(std::move(handles)) {
+        SIZE_T size = 0;
+        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        memory.resize(size);
+        if (!InitializeProcThreadAttributeList(list(), 1, 0, &size))
+            fail("cannot start program", "");
+        if (!UpdateProcThreadAttribute(list(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST,
+                                       inherited.data(), inherited.size() * sizeof(HANDLE), nullptr,
+                                       nullptr)) {
+            const SystemError error = lastSystemError();
+            DeleteProcThreadAttributeList(list());
+            throw SystemFailure("cannot start program", "", error);
+        }
+    }
+    ~InheritedHandles() { DeleteProcThreadAttributeList(list()); }
+    InheritedHandles(const InheritedHandles&) = delete;
+    InheritedHandles& operator=(const InheritedHandles&) = delete;
+
+    LPPROC_THREAD_ATTRIBUTE_LIST list() {
+        return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory.data());
+    }
+
+private:
+    std::vector<HANDLE> inherited;
+    std::vector<char> memory;
+};
+
+Handle makeGroup(const std::string& program, std::uint64_t memoryLimit) {
+    const HANDLE made = CreateJobObjectW(nullptr, nullptr);
+    if (made == nullptr)
+        fail("cannot make a job for program", program);
+    Handle group(made);
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
+    limits.BasicLimitInformation.LimitFlags =
+        JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE | JOB_OBJECT_LIMIT_DIE_ON_UNHANDLED_EXCEPTION;
+    if (memoryLimit != 0) {
+        limits.BasicLimitInformation.LimitFlags |= JOB_OBJECT_LIMIT_PROCESS_MEMORY;
+        limits.ProcessMemoryLimit = static_cast<SIZE_T>(memoryLimit);
+    }
+    if (!SetInformationJobObject(group.get(), JobObjectExtendedLimitInformation, &limits,
+                                 sizeof limits))
+        fail("cannot bound program", program);
+    return group;
+}
+
+// The process holds its own group open: what it started is ended when it ends, and it can still
+// clear up when this process is the one that disappears.
+bool enclose(const Handle& group, HANDLE process) {
+    HANDLE copy = nullptr;
+    return AssignProcessToJobObject(group.get(), process) &&
+           DuplicateHandle(GetCurrentProcess(), group.get(), process, &copy, 0, FALSE,
+                           DUPLICATE_SAME_ACCESS);
+}
+
+} // namespace
+
+std::string ProcessEnd::text() const {
+    constexpr std::uint32_t firstStatus = 0x80000000U; // from here on the system's own numbers
+    if (number < firstStatus)
+        return "exit code " + std::to_string(number);
+    return "exit code 0x" + channelNumber(number).substr(8);
+}
+
+SupervisedProcess::SupervisedProcess(const std::string& program,
+                                     const std::vector<std::string>& arguments,
+                                     std::uint64_t memoryLimit) {
+    Pipe toProcess(program);
+    Pipe fromProcess(program);
+    Pipe saying(program);
+    SECURITY_ATTRIBUTES inheritable = {sizeof inheritable, nullptr, TRUE};
+    const Handle nothing(CreateFileW(L"NUL", GENERIC_READ, internal::shareAll, &inheritable,
+                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!nothing)
+        fail("cannot open stream of a program", "NUL");
+    for (const Handle* given : {&toProcess.reading, &fromProcess.writing, &saying.writing})
+        letInherit(*given);
+
+    std::wstring commandLine = quoted(wide(nativePath(program)));
+    for (const Handle* given : {&toProcess.reading, &fromProcess.writing})
+        commandLine += L' ' + wide(channelNumber(reinterpret_cast<std::uintptr_t>(given->get())));
+    for (const std::string& argument : arguments)
+        commandLine += L' ' + quoted(wide(argument));
+    InheritedHandles inherited(
+        {toProcess.reading.get(), fromProcess.writing.get(), saying.writing.get(), nothing.get()});
+    STARTUPINFOEXW startup = {};
+    startup.StartupInfo.cb = sizeof startup;
+    startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
+    startup.StartupInfo.hStdInput = nothing.get();
+    startup.StartupInfo.hStdOutput = saying.writing.get();
+    startup.StartupInfo.hStdError = saying.writing.get();
+    startup.lpAttributeList = inherited.list();
+
+    Handle held = makeGroup(program, memoryLimit);
+    PROCESS_INFORMATION started = {};
+    if (!internal::createProcess(wide(nativePath(program)), commandLine, true, startFlags,
+                                 startup.StartupInfo, started))
+        fail("cannot start program", program);
+    const Handle thread(started.hThread);
+    Handle process(started.hProcess);
+    if (!enclose(held, process.get())) {
+        const SystemError error = lastSystemError();
+        TerminateProcess(process.get(), 1);
+        throw SystemFailure("cannot supervise program", program, error);
+    }
+    ResumeThread(thread.get());
+    processId = started.dwProcessId;
+    handle = process.release();
+    group = held.release();
+    requests = Channel(reinterpret_cast<std::intptr_t>(toProcess.writing.release()));
+    answers = Channel(reinterpret_cast<std::intptr_t>(fromProcess.reading.release()));
+    talk = Channel(reinterpret_cast<std::intptr_t>(saying.reading.release()));
+}
+
+SupervisedProcess::~SupervisedProcess() {
+    kill();
+    while (!waitFor(std::chrono::seconds(1)))
+        kill();
+    CloseHandle(handle);
+    CloseHandle(group);
+}
+
+void SupervisedProcess::kill() noexcept {
+    const std::lock_guard lock(mutex);
+    if (end)
+        return;
+    TerminateJobObject(group, 1);
+    TerminateProcess(handle, 1);
+}
+
+std::optional<ProcessEnd> SupervisedProcess::poll() noexcept {
+    const std::lock_guard lock(mutex);
+    DWORD status = 0;
+    if (!end && WaitForSingleObject(handle, 0) == WAIT_OBJECT_0 &&
+        GetExitCodeProcess(handle, &status)) {
+        TerminateJobObject(group, 1);
+        end = ProcessEnd{false, status};
+    }
+    return end;
+}
+
+std::optional<ProcessEnd> SupervisedProcess::waitFor(std::chrono::milliseconds time) noexcept {
+    WaitForSingleObject(handle, static_cast<DWORD>(time.count()));
+    return poll();
+}
+
+std::uint64_t SupervisedProcess::memoryInUse() const noexcept {
+    const std::lock_guard lock(mutex);
+    PROCESS_MEMORY_COUNTERS counters = {};
+    counters.cb = sizeof counters;
+    if (end || !K32GetProcessMemoryInfo(handle, &counters, sizeof counters))
+        return 0;
+    return std::max<std::uint64_t>(counters.PagefileUsage, counters.WorkingSetSize);
+}
+
+void killProcess(std::uint32_t process) noexcept {
+    const HANDLE opened = OpenProcess(PROCESS_TERMINATE, FALSE, process);
+    if (opened == nullptr)
+        return;
+    const Handle closing(opened);
+    TerminateProcess(opened, 1);
+}
+
+} // namespace platform
