@@ -123,6 +123,8 @@ void Service::send(const std::string& present, const Answer& answer) {
 
 void serveFront(platform::Channel requests, platform::Channel answers, const std::string& directory,
                 const WorkerDuties& duties) {
+    platform::ignoreBrokenChannels(); // an end while answering is an end like any other
+    platform::crashQuietly();
     // Lives for the process, like the threads that use it.
     static Service service(std::move(requests), std::move(answers), directory, duties);
     service.run();

@@ -11,7 +11,9 @@ Dialogue::Dialogue(const std::string& program, const std::vector<std::string>& a
     : process(program, arguments, 0),
       longest(longestAnswer),
       watcher([this] { watch(); }),
-      listener([this] { listen(); }) {}
+      listener([this] { listen(); }) {
+    platform::ignoreBrokenChannels();
+}
 
 Dialogue::~Dialogue() {
     process.kill();

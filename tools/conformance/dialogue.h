@@ -21,7 +21,8 @@ struct Evaluated {
 };
 
 /// Plays the host of a broker. A broker that does not answer in time is ended, and then answers
-/// nothing any more.
+/// nothing any more. Writing to one that is gone is a plain failure in the whole process from the
+/// first dialogue on.
 class Dialogue {
 public:
     /// Starts the broker. `arguments` follow the numbers of the pipe ends.
