@@ -22,19 +22,61 @@ function(expect_consumer program)
     endif()
 endfunction()
 
+# expect_stripe(<text>): what the host of the plug-in says.
+function(expect_stripe text)
+    file(REMOVE_RECURSE ${tree}/library)
+    run(${launch} ${tree}/plug_in/host${suffix} ${tree}/library)
+    string(REPLACE "\r" "" output "${output}")
+    if(NOT output STREQUAL text)
+        message(FATAL_ERROR "the host of the plug-in printed:\n${output}")
+    endif()
+endfunction()
+
+# place_plug_in(<directory>): the module and its description.
+function(place_plug_in directory)
+    file(COPY ${tree}/plug_in/${module} DESTINATION ${directory})
+    file(WRITE ${directory}/stripe.plg
+         "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<plugIn lib=\"stripe\"/>\n")
+endfunction()
+
+# configure(<source> <directory>): a project outside the build tree, on what is installed.
+function(configure source directory)
+    run(${CMAKE_COMMAND} -S ${source} -B ${directory} -G ${generator} -DCMAKE_BUILD_TYPE=Release
+        -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_ROOT_PATH=${prefix} -DCMAKE_CXX_FLAGS=${flags}
+        -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DCMAKE_CXX_COMPILER=${compiler})
+    run(${CMAKE_COMMAND} --build ${directory})
+endfunction()
+
 set(prefix ${tree}/prefix)
-file(REMOVE_RECURSE ${prefix} ${tree}/cmake ${tree}/pkg-config ${tree}/headers)
+file(REMOVE_RECURSE ${prefix} ${tree}/cmake ${tree}/pkg-config ${tree}/headers ${tree}/plug_in
+                    ${tree}/plug_ins)
 run(${CMAKE_COMMAND} --install ${build} --prefix ${prefix})
 set(ENV{WINEPATH} "Z:${prefix}/${bindir}")
 
 list(GET compilers 0 compiler)
-run(${CMAKE_COMMAND} -S ${consumer} -B ${tree}/cmake -G ${generator} -DCMAKE_BUILD_TYPE=Release
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_ROOT_PATH=${prefix} -DCMAKE_CXX_FLAGS=${flags}
-    -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DCMAKE_CXX_COMPILER=${compiler})
-run(${CMAKE_COMMAND} --build ${tree}/cmake)
+configure(${consumer} ${tree}/cmake)
 expect_consumer(${tree}/cmake/consumer${suffix})
 
 run(${launch} ${prefix}/${bindir}/ovalis${suffix} --version)
+
+# A plug-in is found by the variable, and in the installation.
+configure(${plug_in} ${tree}/plug_in)
+set(module libstripe.so)
+set(installation ${prefix}/${libdir})
+if(toolchain)
+    set(module stripe.dll)
+    set(installation ${prefix}/${bindir})
+endif()
+get_filename_component(installation ${installation} DIRECTORY)
+set(drawn "stripe 0 0 25000 2500\nstripe bound\n")
+unset(ENV{OA_PLUGIN_PATH})
+expect_stripe("no stripe\n")
+place_plug_in(${tree}/plug_ins)
+set(ENV{OA_PLUGIN_PATH} ${tree}/plug_ins)
+expect_stripe("${drawn}")
+unset(ENV{OA_PLUGIN_PATH})
+place_plug_in(${installation}/data/plugins)
+expect_stripe("${drawn}")
 
 if(NOT toolchain)
     file(MAKE_DIRECTORY ${tree}/pkg-config)
