@@ -145,12 +145,15 @@ TEST_F(PcellPlugIn, MayBeMissingWhenASuperMasterIsOpened) {
     design->close();
 }
 
-TEST_F(PcellPlugIn, FillsADesign) {
+TEST_F(PcellPlugIn, FillsSubmasters) {
     save("stripe");
-    oaDesign* design = open('a');
-    design->getPcellDef()->getIPcell()->onEval(design, design->getPcellDef());
+    oaPcellLink::find("stripe")->destroy();
+    oaParamArray params;
+    params.append(oaParam("length", oaDouble(7)));
+    oaDesign* submaster = oaDesign::open(name("lib"), name("coil"), name("layout"), params);
+    ASSERT_NE(submaster, nullptr);
     oaBox box;
-    design->getTopBlock()->getBBox(box);
-    EXPECT_TRUE(box == oaBox(0, 0, 4000, 2000));
-    design->close();
+    submaster->getTopBlock()->getBBox(box);
+    EXPECT_TRUE(box == oaBox(0, 0, 7000, 2000));
+    submaster->close();
 }

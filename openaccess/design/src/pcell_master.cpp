@@ -4,11 +4,11 @@
 #include "design/src/design_database.h"
 #include "design/src/open_designs.h"
 #include "design/src/param_records.h"
+#include "design/src/pcell_links.h"
 #include "design/src/pcell_observers.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaDesign.h"
 #include "oa/oaDesignException.h"
-#include "oa/oaPcellLink.h"
 
 namespace OpenAccess_4::impl {
 
@@ -127,14 +127,11 @@ bool PcellMaster::findParam(const oaString& name, oaParam& param) const {
 }
 
 void PcellMaster::takeDefinition() {
-    oaString reason = "there is none of that name";
+    oaString reason = "it gives no definition";
     try {
-        const oaPcellLink* link = oaPcellLink::find(evaluatorName());
-        oaPcellDef* definition = link ? link->getIPcell()->getPcellDef() : nullptr;
-        if (definition)
-            return keep(definition, link->getIPcell());
-        if (link)
-            reason = "it gives no definition";
+        IPcell* evaluator = PcellLinks::instance().findOrLoad(evaluatorName())->getIPcell();
+        if (oaPcellDef* definition = evaluator->getPcellDef())
+            return keep(definition, evaluator);
     } catch (...) {
         reason = textOfFailure();
     }

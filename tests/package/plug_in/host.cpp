@@ -1,5 +1,5 @@
-// Makes and opens a super master of the plug-in "stripe" in a library at the path given, and prints
-// what the plug-in did.
+// Makes, evaluates and opens a super master of the plug-in "stripe" in a library at the path given,
+// and prints what the plug-in did.
 
 #include <oa/oaDesignDB.h>
 
@@ -20,19 +20,28 @@ oaDesign* open(oaChar mode) {
 }
 
 void make() {
-    oaParamArray params;
-    params.append(oaParam("length", oaDouble(25)));
-    params.append(oaParam("width", oaDouble(2.5)));
+    oaParamArray defaults;
+    defaults.append(oaParam("length", oaDouble(25)));
+    defaults.append(oaParam("width", oaDouble(2.5)));
     oaDesign* design = open('w');
-    design->defineSuperMaster(oaPcellLink::getPcellDef("stripe"), params);
-    oaPcellDef* def = design->getPcellDef();
-    def->getIPcell()->onEval(design, def);
-    oaBox box;
-    design->getTopBlock()->getBBox(box);
-    std::cout << "stripe " << box.left() << " " << box.bottom() << " " << box.right() << " "
-              << box.top() << '\n';
+    design->defineSuperMaster(oaPcellLink::getPcellDef("stripe"), defaults);
     design->save();
     design->close();
+}
+
+void evaluate() {
+    oaParamArray params;
+    params.append(oaParam("length", oaDouble(40)));
+    oaDesign* submaster = oaDesign::open(name("lib"), name("stripe"), name("layout"), params);
+    if (!submaster) {
+        std::cout << "no submaster\n";
+        return;
+    }
+    oaBox box;
+    submaster->getTopBlock()->getBBox(box);
+    std::cout << "stripe " << box.left() << " " << box.bottom() << " " << box.right() << " "
+              << box.top() << '\n';
+    submaster->close();
 }
 
 void openAgain() {
@@ -51,6 +60,7 @@ void run(const char* path) {
     }
     oaLib* lib = oaLib::create(name("lib"), path);
     make();
+    evaluate();
     openAgain();
     lib->close();
 }
