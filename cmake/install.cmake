@@ -29,6 +29,13 @@ install(TARGETS ${exported} EXPORT ovalis-targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS ovalis-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(broker_programs pcbProbeOaVersion)
+foreach(version 5 6)
+    list(APPEND broker_programs pcellBroker${version} pcellBrokerWorker${version})
+endforeach()
+set_target_properties(${broker_programs} PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}"
+                                                    INSTALL_RPATH_USE_LINK_PATH ON)
+install(TARGETS ${broker_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${OVALIS_RUNTIME_LIBRARIES} DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(EXPORT ovalis-targets NAMESPACE ovalis:: DESTINATION ${package_directory})
 
