@@ -39,6 +39,10 @@ public:
         std::string text(length, '\0');
         window.data().readBytes(loc, length, reinterpret_cast<oa::oaByte*>(text.data()));
         def->addData("note", text.c_str());
+        dataRead.resize(window.getSize());
+        oa::oaUInt4 start = 0;
+        window.data().readBytes(start, window.getSize(),
+                                reinterpret_cast<oa::oaByte*>(dataRead.data()));
         call("onRead", design);
     }
     void onWrite(oa::oaDesign* design, oa::oaMapFileWindow& window, oa::oaUInt4& loc,
@@ -51,7 +55,7 @@ public:
     }
     oa::oaUInt4 calcDiskSize(oa::oaPcellDef* def) const override {
         call("calcDiskSize");
-        return oa::oaUInt4(4 + noteOf(def).size());
+        return oa::oaUInt4(4 + noteOf(def).size()) + room;
     }
 
     static std::string noteOf(oa::oaPcellDef* def) {
@@ -71,7 +75,9 @@ public:
 
     int definitions = 0;   // that were handed out and not handed back
     std::string failingIn; // the call that throws
-    std::string tail;      // what onWrite writes beyond the size that was announced
+    std::string tail;      // what onWrite writes behind the note
+    oa::oaUInt4 room = 0;  // that is announced for it
+    std::string dataRead;  // the definition data that came last
 
 private:
     void call(const std::string& name) const {

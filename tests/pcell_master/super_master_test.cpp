@@ -1,5 +1,7 @@
 #include "recording_pcell.h"
 
+#include "support/places.h"
+#include "support/run_program.h"
 #include "support/temporary_directory.h"
 
 #include <gtest/gtest.h>
@@ -283,6 +285,30 @@ TEST_F(SuperMaster, KeepsItsDefinitionDataWhereItsEvaluatorIsUnknown) {
     design = open('r');
     EXPECT_EQ(RecordingPcell::noteOf(design->getPcellDef()), "macro");
     EXPECT_EQ(design->getTopBlock()->getShapes().getCount(), 1u);
+}
+
+TEST_F(SuperMaster, KeepsItsDefinitionDataInAProcessThatDoesNotKnowItsEvaluator) {
+    std::string note("\0\xff\n of any bytes\0", 17);
+    oaDesign* design = open('w');
+    oaPcellDef* def = evaluator->getPcellDef();
+    def->addData("note", "macro");
+    evaluator->tail = note;
+    evaluator->room = oaUInt4(note.size());
+    design->defineSuperMaster(def, params());
+    design->save();
+    design->close();
+    lib->close();
+    const ProgramResult elsewhere =
+        runProgram(builtProgram("save_without_evaluator"), {directory.str() + "/lib", "coil"});
+    EXPECT_TRUE(elsewhere.output.starts_with("6 The evaluator 'recording' of pcell "
+                                             "'elsewhere/coil/layout' is missing: "))
+        << elsewhere.output;
+    EXPECT_EQ(elsewhere.exitCode, 0);
+    lib = oaLib::open(name("lib"), (directory.str() + "/lib").c_str());
+    design = open('r');
+    EXPECT_EQ(design->getTopBlock()->getShapes().getCount(), 1u);
+    EXPECT_EQ(paramsOf(design), params());
+    EXPECT_EQ(evaluator->dataRead, std::string("\x16\0\0\0", 4) + "macro" + note);
 }
 
 TEST_F(SuperMaster, OpensWithoutADefinitionWhenItsEvaluatorFails) {

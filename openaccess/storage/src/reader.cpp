@@ -309,7 +309,7 @@ DatabaseReader::DatabaseReader(const std::string& path) : path_(path) {
 
 void DatabaseReader::read(DatabaseFileKind kind, std::uint64_t offset, Database& database) {
     try {
-        if (offset != position_)
+        if (offset != position_ && offset <= file_.size())
             file_.seek(offset);
         position_ = kNowhere; // the position depends on how much was read
         FileSource source(file_, offset);
