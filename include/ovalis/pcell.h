@@ -18,7 +18,7 @@ namespace ovalis {
 ///
 /// - `initOa` registers one object of each derived class under its evaluator name.
 /// - OpenAccess holds it by its reference count, for the life of the process.
-/// - It never runs a component's script.
+/// - It never runs a component's script: it loads what was evaluated elsewhere from a cache.
 class OVALIS_API VexPcell : public oaCommon::PlugInBase<oa::IPcell> {
 public:
     /// Returns a new definition that refers to this evaluator; the caller owns it.
@@ -30,8 +30,11 @@ public:
     /// Deletes a definition made by `getPcellDef`; null is ignored.
     void onUnbind(oa::oaDesign* design, oa::oaPcellDef* def) override;
 
-    /// Refuses: this version does not read cached submasters.
-    /// @throws oa::oaDesignError  always, message number 1201; the design is left as it is.
+    /// Fills a submaster from the cache: the file that `calculateSubmasterIdHash` names, in the
+    /// directory ".vexPcells" beside the top library definition list.
+    /// @throws oa::oaDesignError  message number 1201: there is no top list, or no such file; the
+    ///                            design is left as it is.
+    /// @throws oa::oaException    the database cannot read the file.
     void onEval(oa::oaDesign* design, oa::oaPcellDef* def) override;
 
     /// Does nothing: the kind has no data of its own.

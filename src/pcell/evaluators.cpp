@@ -4,6 +4,7 @@
 #include <ovalis/pcell.h>
 
 #include "pcell/names.h"
+#include "pcell/submaster_cache.h"
 
 namespace ovalis {
 
@@ -33,9 +34,10 @@ void VexPcell::onUnbind(oa::oaDesign*, oa::oaPcellDef* def) {
     delete def;
 }
 
-void VexPcell::onEval(oa::oaDesign*, oa::oaPcellDef*) {
-    // Nothing here reads cached submasters, so that every one counts as missing.
-    throw oa::oaDesignError(submasterNotProduced);
+void VexPcell::onEval(oa::oaDesign* design, oa::oaPcellDef*) {
+    if (!readCachedSubmaster(*design)) {
+        throw oa::oaDesignError(submasterNotProduced);
+    }
 }
 
 void VexPcell::onRead(oa::oaDesign*, oa::oaMapFileWindow&, oa::oaUInt4&, oa::oaPcellDef*) {}

@@ -26,7 +26,10 @@ class PinAngle : public ovalis::test::LibraryTest {};
 
 TEST(StartUp, RegistersEvaluatorsAndExtensions) {
     EXPECT_EQ(startUp({"once"}), "no angle before\n"
+                                 "are linked\n"
                                  "initialised, angle\n"
+                                 "PSNPcell LayerMappingPcell ReferencePcell CorvidViaPad "
+                                 "NestedTechnologyPcell SKRPcell are linked\n"
                                  "PSNPcell: PSN, PSNPcell\n"
                                  "LayerMappingPcell: layers, LayerMappingPcell\n"
                                  "ReferencePcell: reference, ReferencePcell\n"

@@ -40,14 +40,25 @@ struct MacroDefinition {
 };
 
 /// Counts the evaluators that are alive.
-class CountedPcell : public VexPSNPcell {
+template <class Pcell>
+class Counted : public Pcell {
 public:
-    explicit CountedPcell(int& alive) : alive_(alive) { ++alive_; }
-    ~CountedPcell() override { --alive_; }
+    explicit Counted(int& alive) : alive_(alive) { ++alive_; }
+    ~Counted() override { --alive_; }
 
 private:
     int& alive_;
 };
+
+/// One of each class on the heap, where they delete themselves.
+std::vector<oa::IPcell*> countedOneOfEachClass(int& alive) {
+    return {new Counted<VexPSNPcell>(alive),
+            new Counted<VexLayerMappingPcell>(alive),
+            new Counted<VexReferencePcell>(alive),
+            new Counted<VexViaPadPcell>(alive),
+            new Counted<VexNestedTechnologyPcell>(alive),
+            new Counted<VexSKRPcell>(alive)};
+}
 
 class Evaluators : public ovalis::test::LibraryTest {};
 
@@ -89,25 +100,29 @@ TEST(Evaluator, AnswersNullForOtherInterfaces) {
 
 TEST(Evaluator, CountsReferencesFromZeroAndGoesWithTheLast) {
     int alive = 0;
-    oa::IPcell* evaluator = new CountedPcell(alive); // deletes itself
-    EXPECT_EQ(evaluator->addRef(), 0U);
-    EXPECT_EQ(evaluator->addRef(), 1U);
-    EXPECT_EQ(evaluator->getRefCount(), 1U);
-    EXPECT_EQ(evaluator->release(), 1U);
-    EXPECT_EQ(alive, 1);
-    EXPECT_EQ(evaluator->release(), 0U);
+    for (oa::IPcell* evaluator : countedOneOfEachClass(alive)) {
+        const int before = alive;
+        EXPECT_EQ(evaluator->addRef(), 0U);
+        EXPECT_EQ(evaluator->addRef(), 1U);
+        EXPECT_EQ(evaluator->getRefCount(), 1U);
+        EXPECT_EQ(evaluator->release(), 1U);
+        EXPECT_EQ(alive, before);
+        EXPECT_EQ(evaluator->release(), 0U);
+        EXPECT_EQ(alive, before - 1);
+    }
     EXPECT_EQ(alive, 0);
 }
 
 TEST(Evaluator, KeepsItsCountWhileCountingIsDisabled) {
-    const auto evaluator = std::make_unique<VexPSNPcell>();
-    evaluator->addRef();
-    oaCommon::IBase::s_refCountDisabled = true;
-    EXPECT_EQ(evaluator->addRef(), 1U);
-    EXPECT_EQ(evaluator->addRef(), 1U);
-    EXPECT_EQ(evaluator->release(), 1U);
-    oaCommon::IBase::s_refCountDisabled = false;
-    EXPECT_EQ(evaluator->addRef(), 1U);
+    for (const auto& [evaluator, name] : oneOfEachClass()) {
+        evaluator->addRef();
+        oaCommon::IBase::s_refCountDisabled = true;
+        EXPECT_EQ(evaluator->addRef(), 1U);
+        EXPECT_EQ(evaluator->addRef(), 1U);
+        EXPECT_EQ(evaluator->release(), 1U);
+        oaCommon::IBase::s_refCountDisabled = false;
+        EXPECT_EQ(evaluator->addRef(), 1U);
+    }
 }
 
 TEST(Evaluator, MakesANewDefinitionEachTime) {
@@ -127,14 +142,15 @@ TEST(Evaluator, DeletesADefinitionThatIsHandedBack) {
         ~CountedDef() override { --alive_; }
         int& alive_;
     };
-    int alive = 0;
-    VexPSNPcell evaluator;
-    auto* def = new CountedDef(&evaluator, alive); // taken by onUnbind
-    evaluator.onBind(nullptr, def);
-    EXPECT_EQ(alive, 1);
-    evaluator.onUnbind(nullptr, def);
-    EXPECT_EQ(alive, 0);
-    evaluator.onUnbind(nullptr, nullptr);
+    for (const auto& [evaluator, name] : oneOfEachClass()) {
+        int alive = 0;
+        auto* def = new CountedDef(evaluator.get(), alive); // taken by onUnbind
+        evaluator->onBind(nullptr, def);
+        EXPECT_EQ(alive, 1);
+        evaluator->onUnbind(nullptr, def);
+        EXPECT_EQ(alive, 0);
+        evaluator->onUnbind(nullptr, nullptr);
+    }
 }
 
 TEST(Evaluator, HasNoDefinitionDataButTheMacroKind) {
@@ -157,7 +173,7 @@ TEST(MacroName, IsSizedInWords) {
     EXPECT_EQ(evaluator.calcDiskSize(MacroDefinition(evaluator).def.get()), 4U);
 }
 
-TEST_F(Evaluators, RefuseToEvaluate) {
+TEST_F(Evaluators, RefuseToEvaluateWithoutATopList) {
     oa::oaDesign& layout = design("cell", "layout", 'w');
     for (const auto& [evaluator, name] : oneOfEachClass()) {
         const std::unique_ptr<oa::oaPcellDef> def(evaluator->getPcellDef());

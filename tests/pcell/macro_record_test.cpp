@@ -24,7 +24,7 @@ public:
     }
 
     /// Writes the record of a definition; answers where the writing ended.
-    oa::oaUInt4 write(VexSKRPcell& evaluator, oa::oaPcellDef& def) {
+    oa::oaUInt4 write(VexPcell& evaluator, oa::oaPcellDef& def) {
         oa::oaMapFileWindow window = view();
         oa::oaUInt4 loc = position;
         evaluator.onWrite(nullptr, window, loc, &def);
@@ -32,7 +32,7 @@ public:
     }
 
     /// Reads the record into a definition; answers where the reading ended.
-    oa::oaUInt4 read(VexSKRPcell& evaluator, oa::oaPcellDef& def) {
+    oa::oaUInt4 read(VexPcell& evaluator, oa::oaPcellDef& def) {
         oa::oaMapFileWindow window = view();
         oa::oaUInt4 loc = position;
         evaluator.onRead(nullptr, window, loc, &def);
@@ -126,4 +126,19 @@ TEST_F(MacroRecord, ThatIsLongerThanItsFileIsRefused) {
     }
     Record record({255, 255, 255, 255});
     EXPECT_THROW(record.read(evaluator(), *definition()), oa::oaException);
+}
+
+TEST(OtherRecords, AreEmpty) {
+    const std::shared_ptr<VexPcell> evaluators[] = {
+        std::make_shared<VexPSNPcell>(), std::make_shared<VexLayerMappingPcell>(),
+        std::make_shared<VexReferencePcell>(), std::make_shared<VexViaPadPcell>(),
+        std::make_shared<VexNestedTechnologyPcell>()};
+    for (const auto& evaluator : evaluators) {
+        const std::unique_ptr<oa::oaPcellDef> def(evaluator->getPcellDef());
+        def->addData("SKRMacroName", "resArtwork");
+        Record record;
+        EXPECT_EQ(record.write(*evaluator, *def), position);
+        EXPECT_TRUE(record.isUntouchedFrom(position));
+        EXPECT_EQ(record.read(*evaluator, *def), position);
+    }
 }

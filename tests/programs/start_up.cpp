@@ -8,6 +8,8 @@
 #include <ovalis/library.h>
 #include <ovalis/pcell.h>
 
+#include <oatest/pcell_links.h>
+
 namespace {
 
 const char* const evaluatorNames[] = {"PSNPcell",     "LayerMappingPcell",     "ReferencePcell",
@@ -57,9 +59,18 @@ void printEvaluator(const char* name) {
     std::cout << name << ": " << kind << ", " << static_cast<const char*>(own) << '\n';
 }
 
+void printLinks() {
+    for (const std::string& name : oatest::pcellLinkNames()) {
+        std::cout << name << ' ';
+    }
+    std::cout << "are linked\n";
+}
+
 void once() {
     std::cout << (ovalis::vexPinAngle != nullptr ? "angle" : "no angle") << " before\n";
+    printLinks();
     attempt();
+    printLinks();
     for (const char* name : evaluatorNames) {
         printEvaluator(name);
     }

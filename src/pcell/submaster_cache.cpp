@@ -1,0 +1,35 @@
+#include "pcell/submaster_cache.h"
+
+#include "pcell/submaster_identity.h"
+
+namespace ovalis {
+
+std::string cacheDirectoryBeside(const std::string& listPath) {
+    // Without a separator the sum is 0, and nothing is left of the path.
+    return listPath.substr(0, listPath.find_last_of("/\\") + 1) + ".vexPcells";
+}
+
+std::string cachedSubmasterPath(const oa::oaDesign& submaster) {
+    const oa::oaLibDefList* list = oa::oaLibDefList::getTopList();
+    if (list == nullptr) {
+        return {};
+    }
+    oa::oaString listPath;
+    list->getFullPath(listPath);
+    const oa::oaChar* const text = listPath;
+    return cacheDirectoryBeside(text) + "/" + submasterIdHash(submaster);
+}
+
+bool readCachedSubmaster(oa::oaDesign& submaster) {
+    const oa::oaString path = cachedSubmasterPath(submaster).c_str();
+    if (path.isEmpty() || !oa::oaFile(path).exists()) {
+        return false;
+    }
+    oa::PcellFile file(path);
+    file.open("r");
+    file.read(&submaster, 0);
+    file.close();
+    return true;
+}
+
+} // namespace ovalis
