@@ -8,6 +8,7 @@
 #include <oa/oaDesignInterfaces.h>
 
 #include "support/files.h"
+#include "support/run_program.h"
 
 namespace broker::test {
 
@@ -287,6 +288,17 @@ TEST_P(EvaluationTest, ThatAllocatesWithoutEndIsEndedAtTheBound) {
     const EnvironmentOverride limit("PCELLBROKER_EVALUATION_MEGABYTES", "600");
     const auto broker = start();
     EXPECT_NE(failure(*broker, "allocate").find("Error[2]"), std::string::npos);
+}
+
+TEST_P(EvaluationTest, KeepsTheRulesOfEveryBroker) {
+    const ovalis::test::ProgramResult result = ovalis::test::runProgram(
+        ovalis::test::builtProgram("pcellBrokerConformance"),
+        {program(brokerName()), "--pcell", "trial", "lib", "cell", "layout", "--definitions",
+         pathOf("lib.defs"), "--directory", pathOf("")});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output.find("BROKEN"), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("leaves no result behind"), std::string::npos) << result.output;
+    EXPECT_EQ(leftovers(), 0u);
 }
 
 TEST_P(EvaluationTest, IsGivenUpWhenTheHostGoes) {
