@@ -5,6 +5,7 @@
 #include "oaException.h"
 #include "oaName.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace OpenAccess_4 {
@@ -200,8 +201,11 @@ void oaNativeNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& c
 
 void oaNativeNS::getMember(const oaChar* in, oaBoolean, oaString& out, oaUInt4& loc,
                            oaUInt4) const {
-    for (; *in; ++in)
-        writeChar(*in, out, loc);
+    const auto length = static_cast<oaUInt4>(std::strlen(in));
+    if (loc + length >= out.getSize())
+        out.resize(loc + length + 1);
+    std::copy_n(in, length + 1, &out[loc]);
+    loc += length;
 }
 
 namespace {

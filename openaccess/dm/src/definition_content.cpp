@@ -70,6 +70,8 @@ oaObject* DefinitionContent::object() const {
 }
 
 void DefinitionContent::parse() {
+    constexpr std::size_t usualLine = 48;
+    statements_.reserve(file_.size() / usualLine);
     DefinitionReader reader(file_, texts_);
     DefinitionLine line;
     while (reader.next(line)) {
@@ -92,8 +94,7 @@ void DefinitionContent::take(const DefinitionLine& line, DefinitionStatement& st
         record.soft = line.soft;
         record.line = line.number;
         record.name = isReference ? std::string_view() : line.fields[0];
-        record.written = line.fields[isReference ? 0 : 1];
-        record.path = expand(record.written, line, resolved);
+        record.path = expand(line.fields[isReference ? 0 : 1], line, resolved);
         record.unresolved = !resolved;
         statement.index = members_.add(record);
         break;

@@ -21,8 +21,7 @@ struct DefinitionRecord {
     bool unresolved = false; // names a variable that is not set
     std::uint32_t line = 0;  // 0 for what is not read from the file
     std::string_view name;
-    std::string_view written; // the path
-    std::string_view path;    // with the values of variables
+    std::string_view path; // with the values of variables
     std::uint32_t settings = kNone;
     std::uint32_t sameName = kNone; // the definition of the same name before it
 
@@ -123,8 +122,10 @@ private:
 
     bool belongsTo(const DefinitionStatement& statement, std::uint32_t member) const;
     Statements::iterator statementOf(std::uint32_t member);
+    Statements::iterator behind(std::uint32_t member);
     Statements takeStatementsOf(std::uint32_t member);
-    void insert(Statements::iterator where, const Statements& statements);
+    void insert(Statements::iterator where, Statements statements);
+    void endLine(DefinitionStatement& statement);
     std::string_view newLine(const std::string& text);
 
     DefinitionList& list_;

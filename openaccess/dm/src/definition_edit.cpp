@@ -39,8 +39,7 @@ oaLibDefListMem* DefinitionContent::addReference(const std::string& path, std::u
 }
 
 std::uint32_t DefinitionContent::newMember(DefinitionRecord record, std::string_view path) {
-    record.written = texts_.keep(std::string(path));
-    record.unresolved = !expandVariables(record.written, scratch_).empty();
+    record.unresolved = !expandVariables(path, scratch_).empty();
     record.path = texts_.keep(scratch_);
     return members_.add(record);
 }
@@ -55,14 +54,11 @@ void DefinitionContent::addAssignment(std::uint32_t member, const std::string& a
     assignment.value = texts_.keep(scratch_);
     settingsFor(member).assign(assignment.attribute, assignment.value);
 
-    auto where = statementOf(member) + 1;
-    while (where != statements_.end() && belongsTo(*where, member))
-        ++where;
     const auto index = std::uint32_t(assignments_.size());
     assignments_.push_back(assignment);
-    insert(where, {{DefinitionKind::Assign, 0, index,
-                    newLine("ASSIGN " + writtenField(members_[member].name) + " " +
-                            writtenField(attribute) + " " + writtenField(value))}});
+    insert(behind(member), {{DefinitionKind::Assign, 0, index,
+                             newLine("ASSIGN " + writtenField(members_[member].name) + " " +
+                                     writtenField(attribute) + " " + writtenField(value))}});
 }
 
 void DefinitionContent::destroy(std::uint32_t member) {
@@ -76,16 +72,11 @@ void DefinitionContent::moveBehind(std::uint32_t member, std::uint32_t other) {
     if (member == other)
         return;
     const Statements moved = takeStatementsOf(member);
-    auto where = statements_.begin();
-    if (other != kNone) {
-        where = statementOf(other) + 1;
-        while (where != statements_.end() && belongsTo(*where, other))
-            ++where;
-    } else {
-        while (where != statements_.end() && where->kind == DefinitionKind::Nothing)
-            ++where; // what a person wrote at the head of the file stays there
-    }
-    insert(where, moved);
+    // What a person wrote at the head of the file stays there.
+    const auto first = std::ranges::find_if(statements_, [](const DefinitionStatement& each) {
+        return each.kind != DefinitionKind::Nothing;
+    });
+    insert(other == kNone ? first : behind(other), moved);
     inSlotOrder_ = false;
 }
 
@@ -129,6 +120,14 @@ DefinitionContent::Statements::iterator DefinitionContent::statementOf(std::uint
     });
 }
 
+DefinitionContent::Statements::iterator DefinitionContent::behind(std::uint32_t member) {
+    // From the end, where most is added.
+    const auto found = std::find_if(
+        statements_.rbegin(), statements_.rend(),
+        [&](const DefinitionStatement& statement) { return belongsTo(statement, member); });
+    return found.base();
+}
+
 DefinitionContent::Statements DefinitionContent::takeStatementsOf(std::uint32_t member) {
     Statements taken;
     std::erase_if(statements_, [&](const DefinitionStatement& statement) {
@@ -140,14 +139,20 @@ DefinitionContent::Statements DefinitionContent::takeStatementsOf(std::uint32_t 
     return taken;
 }
 
-void DefinitionContent::insert(Statements::iterator where, const Statements& statements) {
+void DefinitionContent::insert(Statements::iterator where, Statements statements) {
     if (where != statements_.end())
         inSlotOrder_ = false;
+    else if (!statements_.empty())
+        endLine(statements_.back());
+    for (DefinitionStatement& statement : statements)
+        endLine(statement);
     statements_.insert(where, statements.begin(), statements.end());
-    // Only the last line may lack its end.
-    for (std::size_t i = 0; i + 1 < statements_.size(); ++i)
-        if (!statements_[i].text.ends_with('\n'))
-            statements_[i].text = newLine(std::string(statements_[i].text));
+}
+
+/// The last line of a file may lack its end.
+void DefinitionContent::endLine(DefinitionStatement& statement) {
+    if (!statement.text.ends_with('\n'))
+        statement.text = newLine(std::string(statement.text));
 }
 
 std::string_view DefinitionContent::newLine(const std::string& text) {

@@ -1,11 +1,13 @@
 #include "dm/src/definition_opening.h"
 
+#include "base/src/hash.h"
 #include "dm/src/dm_session.h"
 #include "dm/src/library.h"
 #include "oa/oaLibDefListObserver.h"
 #include "platform/file.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace OpenAccess_4::impl {
 
@@ -16,6 +18,10 @@ namespace {
 std::string placeOf(const DefinitionList& list, std::uint32_t line) {
     // What was added since the file was read has no line yet.
     return list.fullPath() + (line ? ":" + std::to_string(line) : "");
+}
+
+std::uint32_t hashOf(std::string_view text) {
+    return std::uint32_t(hashBytes(text.data(), text.size()));
 }
 
 std::string quoted(std::string_view text) {
@@ -81,26 +87,54 @@ void DefinitionOpening::follow(Frame& frame, const DefinitionStatement& statemen
     }
 }
 
-DefinitionOpening::Library& DefinitionOpening::library(std::string_view name) {
-    const StringId id = names_.intern(name);
-    if (id >= libraries_.size())
-        libraries_.resize(std::max<std::size_t>(id + 1, libraries_.size() * 2));
-    return libraries_[id];
+DefinitionOpening::Place& DefinitionOpening::place(std::string_view name, std::uint32_t hash) {
+    const std::size_t mask = index_.size() - 1;
+    std::size_t at = hash & mask;
+    while (index_[at].library != kNone &&
+           (index_[at].hash != hash || libraries_[index_[at].library].name != name))
+        at = (at + 1) & mask;
+    return index_[at];
+}
+
+DefinitionOpening::Library* DefinitionOpening::find(std::string_view name) {
+    if (index_.empty())
+        return nullptr;
+    const std::uint32_t number = place(name, hashOf(name)).library;
+    return number == kNone || !libraries_[number].from ? nullptr : &libraries_[number];
+}
+
+void DefinitionOpening::grow() {
+    const std::size_t size = std::max<std::size_t>(1024, index_.size() * 4);
+    const std::vector<Place> before = std::exchange(index_, std::vector<Place>(size));
+    for (const Place& place : before) {
+        std::size_t at = place.hash & (size - 1);
+        while (place.library != kNone && index_[at].library != kNone)
+            at = (at + 1) & (size - 1);
+        if (place.library != kNone)
+            index_[at] = place;
+    }
 }
 
 void DefinitionOpening::define(Frame& frame, std::uint32_t member) {
     const DefinitionRecord& record = frame.content->members()[member];
-    Library& defined = library(record.name);
-    if (defined.from) {
-        const DefinitionRecord& before = defined.from->content->members()[defined.member];
+    const Library defined{record.name, member, kNone, &frame};
+    const std::uint32_t hash = hashOf(record.name);
+    if (libraries_.size() * 2 >= index_.size())
+        grow();
+    Place& known = place(record.name, hash);
+    if (known.library == kNone) {
+        known = {hash, std::uint32_t(libraries_.size())};
+        libraries_.push_back(defined);
+        return;
+    }
+    if (const Library& other = libraries_[known.library]; other.from) {
+        const DefinitionRecord& before = other.from->content->members()[other.member];
         warn(*frame.list, record.line,
              "library " + quoted(record.name) + " is defined again; the definition in " +
-                 quoted(placeOf(*defined.from->list, before.line)) + " no longer counts",
+                 quoted(placeOf(*other.from->list, before.line)) + " no longer counts",
              oacMultiDefinitionsLibDefListWarning);
-    } else {
-        order_.push_back(names_.intern(record.name));
     }
-    defined = {&frame, member, kNone};
+    libraries_[known.library] = defined;
 }
 
 void DefinitionOpening::include(Frame& frame, std::uint32_t member) {
@@ -134,14 +168,14 @@ void DefinitionOpening::include(Frame& frame, std::uint32_t member) {
 
 void DefinitionOpening::assign(Frame& frame, const DefinitionStatement& statement) {
     const Assignment& assignment = frame.content->assignment(statement.index);
-    if (assignment.library == kAllLibraries &&
+    if (sameIgnoringCase(assignment.library, kAllLibraries) &&
         sameIgnoringCase(assignment.attribute, kTemporaryRoot)) {
         const bool isSet = statement.kind == DefinitionKind::Assign;
         temporaryRoot_ = isSet ? frame.list->resolve(assignment.value) : "";
         return;
     }
-    Library& defined = library(assignment.library);
-    if (!defined.from) {
+    Library* const defined = find(assignment.library);
+    if (!defined) {
         // What the list itself has undone since was there.
         if (assignment.member == kNone)
             warn(*frame.list, statement.line,
@@ -150,15 +184,14 @@ void DefinitionOpening::assign(Frame& frame, const DefinitionStatement& statemen
         return;
     }
     if (statement.kind == DefinitionKind::Undefine) {
-        std::erase(order_, names_.intern(assignment.library));
-        defined = {};
+        defined->from = nullptr;
         return;
     }
-    if (defined.settings == kNone) {
-        defined.settings = std::uint32_t(settings_.size());
+    if (defined->settings == kNone) {
+        defined->settings = std::uint32_t(settings_.size());
         settings_.emplace_back();
     }
-    Settings& settings = settings_[defined.settings];
+    Settings& settings = settings_[defined->settings];
     const bool isSet = statement.kind == DefinitionKind::Assign;
     bool known = false;
     if (isWritePathAttribute(assignment.attribute))
@@ -170,11 +203,13 @@ void DefinitionOpening::assign(Frame& frame, const DefinitionStatement& statemen
 void DefinitionOpening::openLibraries() {
     if (syntaxErrors_)
         return;
-    for (const StringId name : order_)
-        open(libraries_[name]);
+    for (const Library& library : libraries_)
+        open(library);
 }
 
 void DefinitionOpening::open(const Library& library) {
+    if (!library.from)
+        return; // not defined any more
     const DefinitionRecord& record = library.from->content->members()[library.member];
     if (record.unresolved || !library.from->content->members().isLive(library.member))
         return;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/src/string_pool.h"
 #include "dm/src/definition_list.h"
 #include "dm/src/library_finder.h"
 
@@ -18,7 +17,8 @@ void warnOfContent(const DefinitionList& list);
 
 /// Follows a list with all that it includes and opens the libraries that are defined in the end.
 ///
-/// A list that is met again is not entered again: what it says has been taken already.
+/// Names stay in the lists, so that a hundred thousand of them cost no copies. A list that is met
+/// again is not entered again: what it says has been taken already.
 class DefinitionOpening {
 public:
     /// Reads what the list includes and raises every warning but those of the list's own text.
@@ -33,9 +33,10 @@ private:
         std::size_t next = 0;
     };
     struct Library {
-        const Frame* from = nullptr; // null when the name is not defined
+        std::string_view name;
         std::uint32_t member = kNone;
         std::uint32_t settings = kNone;
+        const Frame* from = nullptr; // null when it is not defined any more
     };
     struct Settings {
         std::string writePath;
@@ -47,7 +48,15 @@ private:
     void define(Frame& frame, std::uint32_t member);
     void include(Frame& frame, std::uint32_t member);
     void assign(Frame& frame, const DefinitionStatement& statement);
-    Library& library(std::string_view name);
+    struct Place {
+        std::uint32_t hash = 0;
+        std::uint32_t library = kNone; // kNone for free
+    };
+
+    /// Where the name stands in the index, or is to stand.
+    Place& place(std::string_view name, std::uint32_t hash);
+    Library* find(std::string_view name);
+    void grow();
 
     void open(const Library& library);
     void openAt(const Library& library, const std::string& path);
@@ -56,9 +65,8 @@ private:
     std::vector<std::unique_ptr<Frame>> frames_; // all that were entered
     std::vector<Frame*> walking_;
     std::set<const DefinitionList*> entered_;
-    StringPool names_;
-    std::vector<Library> libraries_; // by name
-    std::vector<StringId> order_;
+    std::vector<Library> libraries_; // in the order in which their names came
+    std::vector<Place> index_;       // of libraries by name, with linear probing
     std::vector<Settings> settings_;
     std::string temporaryRoot_;
     LibraryFinder finder_;

@@ -33,12 +33,29 @@ char lower(char c) {
     return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
 }
 
+enum CharClass : unsigned char { plainChar, blankChar, controlChar, quoteChar };
+
+// One look per character: these files may be long.
+constexpr auto charClasses = [] {
+    std::array<CharClass, 256> classes{};
+    for (int c = 0; c < ' '; ++c)
+        classes[std::size_t(c)] = controlChar;
+    for (const char c : {' ', '\t', '\r', '\v', '\f'})
+        classes[std::size_t(c)] = blankChar;
+    classes['"'] = quoteChar;
+    return classes;
+}();
+
+CharClass classOf(char c) {
+    return charClasses[static_cast<unsigned char>(c)];
+}
+
 bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
+    return classOf(c) == blankChar;
 }
 
 bool isControl(char c) {
-    return static_cast<unsigned char>(c) < ' ' && !isBlank(c);
+    return classOf(c) == controlChar;
 }
 
 bool startsComment(std::string_view text) {
@@ -140,7 +157,7 @@ bool DefinitionReader::readField(std::string_view& rest, std::string_view& field
     if (rest.empty() || startsComment(rest))
         return false;
     std::size_t end = 0;
-    while (end < rest.size() && !isBlank(rest[end]) && rest[end] != '"' && !isControl(rest[end]))
+    while (end < rest.size() && classOf(rest[end]) == plainChar)
         ++end;
     if (end < rest.size() && !isBlank(rest[end]))
         return joinField(rest, field, line);

@@ -39,12 +39,12 @@ oaViewType* DMSession::viewType(const std::string& name) {
 }
 
 Library* DMSession::findLibrary(const std::string& name) const {
-    const auto found = std::ranges::find_if(
-        libraries_, [&](const auto& library) { return library->name() == name; });
-    return found == libraries_.end() ? nullptr : found->get();
+    const auto found = librariesByName_.find(name);
+    return found == librariesByName_.end() ? nullptr : found->second;
 }
 
 Library& DMSession::add(std::unique_ptr<Library> library) {
+    librariesByName_[library->name()] = library.get();
     return *libraries_.emplace_back(std::move(library));
 }
 
@@ -52,6 +52,7 @@ void DMSession::close(Library& library) {
     oaVersionedObserver<oaLib>::notifyPreCloseObservers(library.handle());
     for (auto hook = closeHooks_.rbegin(); hook != closeHooks_.rend(); ++hook)
         (*hook)(library.handle());
+    librariesByName_.erase(library.name());
     std::erase_if(libraries_, [&](const auto& open) { return open.get() == &library; });
 }
 

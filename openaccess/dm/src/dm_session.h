@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace OpenAccess_4 {
@@ -52,6 +53,7 @@ private:
 
     Table<ViewTypeRecord>& viewTypes_;
     std::vector<std::unique_ptr<Library>> libraries_;
+    std::unordered_map<std::string, Library*> librariesByName_;
     std::vector<CloseHook> closeHooks_;
 };
 

@@ -151,12 +151,12 @@ oaLibDefListRef* oaLibDefListRef::create(oaLibDefList* libList, const oaString& 
 
 oaLibDefListRef* oaLibDefListRef::find(const oaLibDefList* defList, const oaString& refListPath) {
     const DefinitionList& list = listOf(defList);
-    const std::string wanted = text(refListPath);
+    std::string wanted;
+    expandVariables(text(refListPath), wanted);
     oaIter<oaLibDefListMem> walk(defList->getMembers());
     while (oaLibDefListMem* member = walk.getNext()) {
         const DefinitionRecord& record = recordOfMember(member);
-        if (record.isReference && (record.written == wanted || record.path == wanted ||
-                                   list.resolve(record.path) == wanted))
+        if (record.isReference && (record.path == wanted || list.resolve(record.path) == wanted))
             return static_cast<oaLibDefListRef*>(member);
     }
     return nullptr;
