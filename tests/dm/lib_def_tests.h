@@ -7,6 +7,13 @@
 
 namespace ovalis::test {
 
+inline std::string withSlashes(std::string path) {
+    for (char& c : path)
+        if (c == '\\')
+            c = '/';
+    return path;
+}
+
 /// Collects what is wrong in library definition lists as "<kind> <message>".
 class WarningCollector : public OpenAccess_4::oaVersionedObserver<OpenAccess_4::oaLibDefList> {
 public:
@@ -16,7 +23,7 @@ public:
     OpenAccess_4::oaBoolean
     onLoadWarnings(OpenAccess_4::oaLibDefList* list, const OpenAccess_4::oaString& message,
                    OpenAccess_4::oaLibDefListWarningTypeEnum type) override {
-        std::string text = static_cast<const char*>(message);
+        std::string text = withSlashes(static_cast<const char*>(message));
         for (std::size_t at; (at = text.find(folder_)) != std::string::npos;)
             text.replace(at, folder_.size(), "");
         texts.push_back(std::to_string(type) + " " + text);
@@ -36,7 +43,7 @@ class LibDefTest : public DMTest {
 protected:
     using List = OpenAccess_4::oaLibDefList;
 
-    LibDefTest() : warnings(withSystemSeparators(directory.str() + "/")) {}
+    LibDefTest() : warnings(directory.str() + "/") {}
     ~LibDefTest() override {
         std::vector<List*> lists;
         OpenAccess_4::oaIter<List> walk(List::getLibDefLists());
@@ -69,17 +76,8 @@ protected:
     /// The open libraries as "name=path", without the test's folder.
     std::vector<std::string> openLibraries() const;
 
-    static std::string withSystemSeparators(std::string path);
-
     WarningCollector warnings;
 };
-
-inline std::string LibDefTest::withSystemSeparators(std::string path) {
-    for (char& c : path)
-        if (c == '/')
-            c = platform::pathSeparator();
-    return path;
-}
 
 inline std::vector<std::string> LibDefTest::membersOf(const List* list) {
     std::vector<std::string> members;
@@ -105,12 +103,12 @@ inline std::vector<std::string> LibDefTest::membersOf(const List* list) {
 
 inline std::vector<std::string> LibDefTest::openLibraries() const {
     std::vector<std::string> libraries;
-    const std::string folder = withSystemSeparators(directory.str() + "/");
+    const std::string folder = directory.str() + "/";
     OpenAccess_4::oaIter<OpenAccess_4::oaLib> walk(OpenAccess_4::oaLib::getOpenLibs());
     while (const OpenAccess_4::oaLib* lib = walk.getNext()) {
         OpenAccess_4::oaString path;
         lib->getFullPath(path);
-        std::string text = static_cast<const char*>(path);
+        std::string text = withSlashes(static_cast<const char*>(path));
         if (text.starts_with(folder))
             text.erase(0, folder.size());
         libraries.push_back(nameOf(lib) + "=" + text);

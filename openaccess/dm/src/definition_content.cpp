@@ -10,6 +10,7 @@ namespace OpenAccess_4::impl {
 namespace {
 
 constexpr std::uint32_t memberTable = kFirstPackageTable;
+constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
 } // namespace
 
@@ -72,7 +73,13 @@ oaObject* DefinitionContent::object() const {
 void DefinitionContent::parse() {
     constexpr std::size_t usualLine = 48;
     statements_.reserve(file_.size() / usualLine);
-    DefinitionReader reader(file_, texts_);
+    std::string_view lines = file_;
+    if (lines.starts_with(byteOrderMark)) {
+        // It stays the first of all when statements move.
+        statements_.push_back({DefinitionKind::Nothing, 0, kNone, byteOrderMark});
+        lines.remove_prefix(byteOrderMark.size());
+    }
+    DefinitionReader reader(lines, texts_);
     DefinitionLine line;
     while (reader.next(line)) {
         DefinitionStatement statement{line.kind, line.number, kNone, line.text};

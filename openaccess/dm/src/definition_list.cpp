@@ -10,7 +10,13 @@ namespace {
 
 /// What is equal for equal files.
 std::string keyOf(const std::string& path) {
-    return platform::exists(path) ? platform::canonicalPath(path) : platform::absolutePath(path);
+    if (platform::exists(path))
+        return platform::canonicalPath(path);
+    // The key is to stay the same when the file comes to be.
+    const std::string directory = platform::parentPath(path);
+    if (platform::exists(directory))
+        return platform::joinPath(platform::canonicalPath(directory), platform::fileName(path));
+    return platform::absolutePath(path);
 }
 
 bool hasDrive(std::string_view path) {
@@ -24,7 +30,9 @@ bool isAbsolutePath(std::string_view path) {
 }
 
 std::string fileReason(const platform::SystemFailure& failure) {
-    return platform::exists(failure.path()) ? failure.error().text() : "there is no such file";
+    if (!platform::exists(failure.path()))
+        return "there is no such file";
+    return platform::isFile(failure.path()) ? failure.error().text() : "it is no file";
 }
 
 DefinitionList::DefinitionList(std::string path, char mode, std::uint32_t slot)
@@ -43,8 +51,11 @@ oaLibDefList* DefinitionList::handle() const {
 std::string DefinitionList::resolve(std::string_view path) const {
     if (isAbsolutePath(path))
         return std::string(path);
-    while (path.size() > 1 && path[0] == '.' && platform::isPathSeparator(path[1]))
-        path.remove_prefix(path.size() > 2 && platform::isPathSeparator(path[2]) ? 1 : 2);
+    while (path.size() > 1 && path[0] == '.' && platform::isPathSeparator(path[1])) {
+        path.remove_prefix(2);
+        while (!path.empty() && platform::isPathSeparator(path[0]))
+            path.remove_prefix(1);
+    }
     if (path.empty() || path == ".")
         return directory_;
     return platform::joinPath(directory_, path);
@@ -100,6 +111,9 @@ std::shared_ptr<DefinitionList> DefinitionLists::read(const std::string& path) {
     std::shared_ptr<DefinitionList> list = find(path);
     if (list && list->isModified())
         return list;
+    // A device or a pipe might never end.
+    if (!platform::isFile(path))
+        throw platform::SystemFailure("cannot read file", path, platform::SystemError());
     std::string text = platform::readFile(path);
     if (!list)
         list = add(path, 'r');

@@ -27,8 +27,6 @@ constexpr Statement statements[] = {
     {"UNASSIGN", DefinitionKind::Unassign, false, 2, "UNASSIGN name attribute"},
 };
 
-constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
-
 char lower(char c) {
     return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
 }
@@ -123,8 +121,6 @@ void DefinitionReader::read(DefinitionLine& line) {
     std::string_view rest = line.text;
     if (rest.ends_with('\n'))
         rest.remove_suffix(1);
-    if (line.number == 1 && rest.starts_with(byteOrderMark))
-        rest.remove_prefix(byteOrderMark.size());
     std::string_view keyword;
     if (!readField(rest, keyword, line))
         return;

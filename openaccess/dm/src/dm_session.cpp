@@ -3,6 +3,7 @@
 #include "dm/src/library.h"
 #include "oa/oaDMEnums.h"
 #include "oa/oaLibObserver.h"
+#include "oa/oaViewTypeObserver.h"
 
 #include <algorithm>
 
@@ -18,7 +19,7 @@ DMSession::DMSession()
     : viewTypes_(Session::instance().addTable<ViewTypeRecord>(kFirstDMSessionTable)) {
     for (int type = oacMaskLayout; type <= oacCDLText; ++type) {
         const oaReservedViewType reserved(static_cast<oaReservedViewTypeEnum>(type));
-        addViewType(static_cast<const oaChar*>(reserved.getName()));
+        viewTypes_.add({static_cast<const oaChar*>(reserved.getName())});
     }
 }
 
@@ -30,7 +31,9 @@ oaViewType* DMSession::findViewType(const std::string& name) {
 }
 
 oaViewType* DMSession::addViewType(const std::string& name) {
-    return static_cast<oaViewType*>(viewTypes_.handle(viewTypes_.add({name})));
+    auto* added = static_cast<oaViewType*>(viewTypes_.handle(viewTypes_.add({name})));
+    oaVersionedObserver<oaViewType>::notifyPostCreateObservers(added);
+    return added;
 }
 
 oaViewType* DMSession::viewType(const std::string& name) {

@@ -1,10 +1,12 @@
 #include "base/src/observer_list.h"
 #include "oa/oaLibDefListObserver.h"
 #include "oa/oaLibObserver.h"
+#include "oa/oaViewTypeObserver.h"
 
 namespace OpenAccess_4 {
 
 using LibObserver = oaVersionedObserver<oaLib, 0>;
+using ViewTypeObserver = oaVersionedObserver<oaViewType, 0>;
 using LibDefListObserver = oaVersionedObserver<oaLibDefList, 1>;
 
 namespace {
@@ -53,6 +55,26 @@ void LibObserver::notifyPreModifyObservers(oaLib* lib, oaDMLibModTypeEnum modTyp
 
 void LibObserver::notifyPostModifyObservers(oaLib* lib, oaDMLibModTypeEnum modType) {
     observers<LibObserver>().notify([&](LibObserver& each) { each.onPostModify(lib, modType); });
+}
+
+ViewTypeObserver::oaVersionedObserver(oaUInt4 priorityIn, oaBoolean enabledIn)
+    : oaBaseObserver(priorityIn, enabledIn) {
+    observers<ViewTypeObserver>().add(*this);
+}
+
+ViewTypeObserver::~oaVersionedObserver() {
+    observers<ViewTypeObserver>().remove(*this);
+}
+
+void ViewTypeObserver::onPostCreate(oaViewType*) {}
+
+oaBoolean ViewTypeObserver::hasObservers() {
+    return !observers<ViewTypeObserver>().isEmpty();
+}
+
+void ViewTypeObserver::notifyPostCreateObservers(oaViewType* viewType) {
+    observers<ViewTypeObserver>().notify(
+        [&](ViewTypeObserver& each) { each.onPostCreate(viewType); });
 }
 
 LibDefListObserver::oaVersionedObserver(oaUInt4 priorityIn, oaBoolean enabledIn)

@@ -19,3 +19,4 @@
 #include "oaLibObserver.h"
 #include "oaView.h"
 #include "oaViewType.h"
+#include "oaViewTypeObserver.h"

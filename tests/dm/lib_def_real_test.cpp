@@ -1,0 +1,150 @@
+// Library definition files that people wrote for their own work. None of the libraries that they
+// name is here, and none of the variables is set unless a test says so.
+
+#include "lib_def_tests.h"
+
+using namespace oa;
+using namespace ovalis::test;
+using testing::ElementsAreArray;
+
+namespace {
+
+class RealLibDefTest : public LibDefTest {
+protected:
+    void SetUp() override {
+        const auto data = sharedData();
+        if (!data || !std::filesystem::is_directory(*data / "libdefs"))
+            GTEST_SKIP() << "OVALIS_SHARED_DATA names no directory with library definition files";
+        // A copy, so that the texts of warnings name files in the test's own folder.
+        std::filesystem::copy(*data / "libdefs", directory.path() / "lists",
+                              std::filesystem::copy_options::recursive);
+    }
+
+    /// Opens a file and answers how many members it has.
+    oaUInt4 membersIn(const std::string& file) {
+        folder_ = "lists/" + file.substr(0, file.find('/')) + "/";
+        oaLibDefList::openLibs(path("lists/" + file).c_str());
+        return oaLibDefList::getTopList()->getMembers().getCount();
+    }
+
+    // The expected warnings, for files of the folder that was opened last.
+    void unset(const std::string& file, std::initializer_list<int> lines, const char* variable) {
+        for (const int line : lines)
+            expected_.push_back("7 " + folder_ + file + ":" + std::to_string(line) +
+                                ": variable '" + variable + "' is not set.");
+    }
+    void missing(const std::string& file, int line, const std::string& name,
+                 const std::string& libraryPath) {
+        const bool isAbsolute = libraryPath.starts_with('/');
+        expected_.push_back("6 " + folder_ + file + ":" + std::to_string(line) + ": library '" +
+                            name + "' cannot be opened from '" + (isAbsolute ? "" : folder_) +
+                            libraryPath + "': there is no such directory.");
+    }
+    void expectWarnings() {
+        EXPECT_THAT(warnings.texts, ElementsAreArray(expected_));
+        EXPECT_TRUE(openLibraries().empty());
+    }
+
+    const EnvironmentOverride cdsHome{"CDSHOME", std::nullopt};
+    const EnvironmentOverride cdsHomeToo{"CDS_HOME", std::nullopt};
+    const EnvironmentOverride cdsRoot{"CDS_ROOT", std::nullopt};
+    const EnvironmentOverride pdkDir{"PDK_DIR", std::nullopt};
+    const EnvironmentOverride custom{"SYNOPSYS_CUSTOM_INSTALL", std::nullopt};
+    const EnvironmentOverride bagTech{"BAG_TECH_CONFIG_DIR", std::nullopt};
+    const EnvironmentOverride bagWork{"BAG_WORK_DIR", std::nullopt};
+
+private:
+    std::string folder_;
+    std::vector<std::string> expected_;
+};
+
+} // namespace
+
+TEST_F(RealLibDefTest, OfAnAssignedListLacksTheVariablesOfItsTools) {
+    EXPECT_EQ(membersIn("wireline/lib.defs"), 6u);
+    // Every path starts with the place of a tool or of a technology kit. The assignments between
+    // them concern libraries that are defined, so nothing is said about those.
+    unset("lib.defs", {1, 3, 5, 7}, "CDSHOME");
+    unset("lib.defs", {9, 11}, "PDK_DIR");
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfAListBesideItsIncludeFindsThat) {
+    EXPECT_EQ(membersIn("aureo/cds.lib"), 12u);
+    // The neighbour is included by a relative name; it names tools by a variable.
+    unset("cds.lib.core", {1, 2, 3}, "CDS_HOME");
+    // Those of the list itself lie beside it, but are not published.
+    int line = 1;
+    for (const char* name : {"aureo_lib", "aureo_scm3c", "scm3c_outline", "aureo_mask_run",
+                             "aureo_test_structure", "aureo_robot", "mems_demo_tf", "aureo_box",
+                             "aureo_solar", "aureo_scumv22", "aureo_scumv24"})
+        missing("cds.lib", ++line, name, name);
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfAFileWithBlanksAndSlashesAtTheEndsOfPathsIsRead) {
+    EXPECT_EQ(membersIn("firework/cds.lib"), 57u);
+    // Nine libraries of a simulator, by a variable. The 48 others lie below a directory that is
+    // not published; their paths end in a slash and are shown as they are written.
+    unset("cds.lib", {2, 3, 4, 5, 6, 7, 8, 9, 10}, "CDS_ROOT");
+    std::vector<std::pair<std::string, std::string>> definitions;
+    for (const std::string& member : membersOf(oaLibDefList::getTopList())) {
+        const std::size_t sign = member.find('=');
+        definitions.emplace_back(member.substr(0, sign), member.substr(sign + 1));
+    }
+    ASSERT_EQ(definitions[9], std::pair(std::string("work"), std::string("./libraries/work/")));
+    for (int i = 9; i < 57; ++i)
+        missing("cds.lib", i + 2, definitions[std::size_t(i)].first,
+                definitions[std::size_t(i)].second.substr(2));
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfAKitIncludesTheListOfATool) {
+    EXPECT_EQ(membersIn("freepdk3/lib.defs"), 2u);
+    // The include is not looked for where its variable is not set: one warning, not two.
+    unset("lib.defs", {1}, "SYNOPSYS_CUSTOM_INSTALL");
+    missing("lib.defs", 2, "NCSU_TechLib_FreePDK3", "NCSU_TechLib_FreePDK3");
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfATeamThatUsesAToolsPlaceholder) {
+    EXPECT_EQ(membersIn("shuksan/cds.lib"), 3u);
+    // The placeholder is no variable of the environment. The SOFTINCLUDE in line 3 says itself that
+    // its file may be missing.
+    unset("cds.lib", {4}, "compute:THIS_TOOL_INST_ROOT");
+    missing("cds.lib", 5, "ShuksanPDK", "ShuksanPDK");
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfAGeneratorIncludesThroughAVariable) {
+    const EnvironmentOverride work("BAG_WORK_DIR", path("lists/sky130_bag3"));
+    EXPECT_EQ(membersIn("sky130_bag3/cds.lib.core"), 12u);
+    unset("cds.lib.core", {22, 23, 24}, "CDSHOME");
+    unset("cds.lib.core", {27, 29, 30, 31, 32, 33}, "BAG_TECH_CONFIG_DIR");
+    unset("cds.lib.bag", {1}, "BAG_TECH_CONFIG_DIR");
+    // Absolute paths of the machine that the file was written on.
+    const std::string nda = "/tools/commercial/skywater/swtech130/skywater-src-nda/";
+    missing("cds.lib.core", 34, "scs8hd", nda + "scs8hd/V0.0.2/oa/scs8hd");
+    missing("cds.lib.core", 35, "scs8hd_dv", nda + "scs8hd/V0.0.2/oa/scs8hd_dv");
+    // The included list is found; the generators that it names are not.
+    int line = 1;
+    for (const std::string name :
+         {"aib_ams", "bag3_analog", "bag3_digital", "bag3_magnetics", "bag3_testbenches", "xbase"})
+        missing("cds.lib.bag", ++line, name, name + "/OA/" + name);
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfEveryKindAreSavedByteForByte) {
+    std::size_t files = 0;
+    for (const auto& entry :
+         std::filesystem::recursive_directory_iterator(directory.path() / "lists")) {
+        if (!entry.is_regular_file())
+            continue;
+        ++files;
+        const std::string text = readText(entry.path());
+        oaLibDefList* list = oaLibDefList::get(utf8(entry.path()).c_str(), 'a');
+        list->save();
+        EXPECT_EQ(readText(entry.path()), text) << entry.path();
+    }
+    EXPECT_GE(files, 10u);
+}
