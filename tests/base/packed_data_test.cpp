@@ -45,6 +45,31 @@ void expectRoundTrip(const T& value, oaUInt4 size, Write write, Read read) {
     }
 }
 
+// The same for several values; those that do not fit are not written in part.
+template <class T, class Write, class Read>
+void expectArrayRoundTrip(const std::vector<T>& values, oaUInt4 size, Write write, Read read) {
+    const oaUInt4 count = oaUInt4(values.size());
+    for (const oaBoolean swap : {0, 1}) {
+        Bytes all(size + 1, swap);
+        oaUInt4 loc = 1;
+        (all.data.*write)(loc, count, values.data());
+        EXPECT_EQ(loc, size + 1);
+        std::vector<T> result(values.size());
+        loc = 1;
+        (all.data.*read)(loc, count, result.data());
+        EXPECT_EQ(loc, size + 1);
+        EXPECT_EQ(result, values);
+
+        Bytes tooSmall(size - 1, swap);
+        const std::vector<oaByte> before = tooSmall.bytes;
+        loc = 0;
+        EXPECT_THROW((tooSmall.data.*write)(loc, count, values.data()), oaError);
+        EXPECT_THROW((tooSmall.data.*read)(loc, count, result.data()), oaError);
+        EXPECT_EQ(loc, 0u);
+        EXPECT_EQ(tooSmall.bytes, before);
+    }
+}
+
 } // namespace
 
 TEST(PackedData, GivesBackEachKindOfValue) {
@@ -62,6 +87,38 @@ TEST(PackedData, GivesBackEachKindOfValue) {
     expectRoundTrip<oaPoint>(oaPoint(-7, 8), 8, &D::writePoint, &D::readPoint);
     expectRoundTrip<oaBox>(oaBox(1, 2, 3, -4), 16, &D::writeBox, &D::readBox);
     expectRoundTrip<oaString>(oaString("four"), 5, &D::writeString, &D::readString);
+}
+
+TEST(PackedData, GivesBackArraysOfEachKindOfValue) {
+    using D = oaPackedData;
+    expectArrayRoundTrip<oaInt2>({-1, 2}, 4, &D::writeInt2Array, &D::readInt2Array);
+    expectArrayRoundTrip<oaUInt2>({1, 65535}, 4, &D::writeUInt2Array, &D::readUInt2Array);
+    expectArrayRoundTrip<oaInt4>({-1, 2}, 8, &D::writeInt4Array, &D::readInt4Array);
+    expectArrayRoundTrip<oaUInt4>({1, UINT_MAX}, 8, &D::writeUInt4Array, &D::readUInt4Array);
+    expectArrayRoundTrip<oaInt8>({-1, 2}, 16, &D::writeInt8Array, &D::readInt8Array);
+    expectArrayRoundTrip<oaUInt8>({1, 1ull << 63}, 16, &D::writeUInt8Array, &D::readUInt8Array);
+    expectArrayRoundTrip<oaFloat>({-1.5f, 2}, 8, &D::writeFloatArray, &D::readFloatArray);
+    expectArrayRoundTrip<oaDouble>({-1e300, 2}, 16, &D::writeDoubleArray, &D::readDoubleArray);
+    expectArrayRoundTrip<oaPoint>({oaPoint(1, -2), oaPoint(3, 4)}, 16, &D::writePointArray,
+                                  &D::readPointArray);
+    expectArrayRoundTrip<oaBox>({oaBox(1, 2, 3, 4), oaBox(-5, 6, 7, 8)}, 32, &D::writeBoxArray,
+                                &D::readBoxArray);
+}
+
+TEST(PackedData, WritesArraysAsTheirValuesOneByOne) {
+    const oaUInt2 values[] = {0x0201, 0x0403, 0x0605};
+    Bytes plain(6);
+    Bytes swapped(6, true);
+    oaUInt4 loc = 0;
+    plain.data.writeUInt2Array(loc, 3, values);
+    loc = 0;
+    swapped.data.writeUInt2Array(loc, 3, values);
+    EXPECT_EQ(plain.bytes, (std::vector<oaByte>{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(swapped.bytes, (std::vector<oaByte>{2, 1, 4, 3, 6, 5}));
+    plain.data.writeUInt2Array(loc = 6, 0, nullptr);
+    EXPECT_EQ(loc, 6u);
+    EXPECT_THROW(plain.data.readUInt2Array(loc = 0, UINT_MAX, nullptr), oaError);
+    EXPECT_EQ(loc, 0u);
 }
 
 TEST(PackedData, WritesInTheOrderOfTheMachineOrTheOther) {
@@ -174,4 +231,20 @@ TEST(MapWindow, ShowsTheBytesOfItsOwner) {
     EXPECT_EQ(window.getLoc(3), 3u);
     EXPECT_FALSE(window.getSwap());
     EXPECT_THROW(impl::MapWindowAccess::windowOver(bytes.data(), 1ull << 32), oaError);
+}
+
+TEST(MapWindow, KnowsWhatLiesInIt) {
+    std::vector<oaByte> bytes(8);
+    const oaMapFileWindow window = impl::MapWindowAccess::windowOver(bytes.data(), bytes.size());
+    EXPECT_TRUE(window.isMapped());
+    oaUInt4 loc = 99;
+    EXPECT_FALSE(window.isMapped(1, 8, loc));
+    EXPECT_FALSE(window.isMapped(5, 4, loc));
+    EXPECT_FALSE(window.isMapped(UINT_MAX, 1, loc));
+    EXPECT_FALSE(window.isMapped(0, 1ull << 40, loc));
+    EXPECT_EQ(loc, 99u);
+    EXPECT_TRUE(window.isMapped(4, 4, loc));
+    EXPECT_EQ(loc, 4u);
+    EXPECT_TRUE(window.isMapped(0, 8, loc));
+    EXPECT_EQ(loc, 8u);
 }

@@ -18,6 +18,17 @@ public:
     oaUInt8 getOffset() const { return offset_; }
     /// The position in the view of what lies at `offset` within the whole.
     oaUInt4 getLoc(oaUInt8 offset) const { return static_cast<oaUInt4>(offset - offset_); }
+    /// Always true: a view has its bytes from its making on.
+    oaBoolean isMapped() const { return true; }
+    /// Whether the `size` bytes at `offset` within the whole lie in the view; `loc` becomes their
+    /// position there, and stays as it is when they do not.
+    oaBoolean isMapped(oaUInt4 size, oaUInt8 offset, oaUInt4& loc) const {
+        if (offset < offset_ || offset - offset_ > getSize() ||
+            size > getSize() - (offset - offset_))
+            return false;
+        loc = getLoc(offset);
+        return true;
+    }
 
 protected:
     oaMapWindow(oaByte* data, oaUInt4 size, oaUInt8 offset) : data_(data, size), offset_(offset) {}

@@ -50,6 +50,28 @@ public:
     void writePoint(oaUInt4& loc, const oaPoint& val) const;
     void writeBox(oaUInt4& loc, const oaBox& val) const;
 
+    /// `numElements` values, one behind the other.
+    void readInt2Array(oaUInt4& loc, oaUInt4 numElements, oaInt2* val) const;
+    void readUInt2Array(oaUInt4& loc, oaUInt4 numElements, oaUInt2* val) const;
+    void readInt4Array(oaUInt4& loc, oaUInt4 numElements, oaInt4* val) const;
+    void readUInt4Array(oaUInt4& loc, oaUInt4 numElements, oaUInt4* val) const;
+    void readInt8Array(oaUInt4& loc, oaUInt4 numElements, oaInt8* val) const;
+    void readUInt8Array(oaUInt4& loc, oaUInt4 numElements, oaUInt8* val) const;
+    void readFloatArray(oaUInt4& loc, oaUInt4 numElements, oaFloat* val) const;
+    void readDoubleArray(oaUInt4& loc, oaUInt4 numElements, oaDouble* val) const;
+    void readPointArray(oaUInt4& loc, oaUInt4 numElements, oaPoint* val) const;
+    void readBoxArray(oaUInt4& loc, oaUInt4 numElements, oaBox* val) const;
+    void writeInt2Array(oaUInt4& loc, oaUInt4 numElements, const oaInt2* val) const;
+    void writeUInt2Array(oaUInt4& loc, oaUInt4 numElements, const oaUInt2* val) const;
+    void writeInt4Array(oaUInt4& loc, oaUInt4 numElements, const oaInt4* val) const;
+    void writeUInt4Array(oaUInt4& loc, oaUInt4 numElements, const oaUInt4* val) const;
+    void writeInt8Array(oaUInt4& loc, oaUInt4 numElements, const oaInt8* val) const;
+    void writeUInt8Array(oaUInt4& loc, oaUInt4 numElements, const oaUInt8* val) const;
+    void writeFloatArray(oaUInt4& loc, oaUInt4 numElements, const oaFloat* val) const;
+    void writeDoubleArray(oaUInt4& loc, oaUInt4 numElements, const oaDouble* val) const;
+    void writePointArray(oaUInt4& loc, oaUInt4 numElements, const oaPoint* val) const;
+    void writeBoxArray(oaUInt4& loc, oaUInt4 numElements, const oaBox* val) const;
+
     /// `numBytes` bytes as they are; the position moves on to the next multiple of 4 behind them,
     /// or to the end of the data when that comes first.
     void readByteArray(oaUInt4& loc, oaUInt4 numBytes, oaByte* val) const;
@@ -70,6 +92,12 @@ private:
     void readValue(oaUInt4& loc, T& val) const;
     template <class T>
     void writeValue(oaUInt4& loc, T val) const;
+    template <class T>
+    void readArray(oaUInt4& loc, oaUInt4 numElements, T* val,
+                   void (oaPackedData::*readElement)(oaUInt4&, T&) const) const;
+    template <class T, class Value>
+    void writeArray(oaUInt4& loc, oaUInt4 numElements, const T* val,
+                    void (oaPackedData::*writeElement)(oaUInt4&, Value) const) const;
 
     oaByte* data_;
     oaUInt4 size_;
