@@ -1,10 +1,14 @@
 #include "tools/broker/request.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstring>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
+#include "support/files.h"
+#include "support/places.h"
 #include "tools/conformance/request_writer.h"
 
 namespace broker {
@@ -148,6 +152,28 @@ TEST(Request, MayFollowATextThatIsNone) {
     EXPECT_EQ(reader.nextText(), "token");
     EXPECT_EQ(reader.next(), single(liveness()));
     EXPECT_EQ(reader.nextText(), std::nullopt);
+}
+
+/// The bytes that go to the broker in the example of the documentation.
+std::string bytesOfExample() {
+    std::istringstream lines(
+        ovalis::test::readText(ovalis::test::sourceTree() / "docs" / "broker.md"));
+    std::string bytes;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with("    > "))
+            continue;
+        std::istringstream words(line.substr(6));
+        for (std::string word; words >> word && word.size() == 2 && std::isxdigit(word[0]);)
+            bytes += static_cast<char>(std::stoi(word, nullptr, 16));
+    }
+    return bytes;
+}
+
+TEST(Request, OfTheDocumentationIsOne) {
+    EXPECT_EQ(bytesOfExample(), liveness() + canEvaluate("spiral") + setWorkingDirectory("/w") +
+                                    setLibraryDefinitions("/w/lib.defs") + liveness() +
+                                    evaluate("lib", "coil", "layout") + integer(1) +
+                                    integerParameter("n", 3));
 }
 
 } // namespace
