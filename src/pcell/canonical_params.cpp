@@ -78,16 +78,15 @@ CanonicalParams::CanonicalParams(const oa::oaParamArray& params) : params_(param
 void CanonicalParams::encode() {
     const oa::oaUInt4 count = params_.getNumElements();
     entries_.reserve(count);
-    // A copy of a name that was made just now is slow to read, so several are made before the first
-    // of them is read.
-    oa::oaString names[16];
-    for (oa::oaUInt4 first = 0; first < count; first += std::size(names)) {
-        const oa::oaUInt4 some = std::min<oa::oaUInt4>(count - first, std::size(names));
-        for (oa::oaUInt4 i = 0; i < some; ++i) {
-            params_[first + i].getName(names[i]);
+    // A copy of a name that was made just now is slow to read, so each is made some turns ahead.
+    constexpr oa::oaUInt4 ahead = 3;
+    oa::oaString names[ahead + 1];
+    for (oa::oaUInt4 i = 0; i < count + ahead; ++i) {
+        if (i < count) {
+            params_[i].getName(names[i % std::size(names)]);
         }
-        for (oa::oaUInt4 i = 0; i < some; ++i) {
-            encode(first + i, names[i]);
+        if (i >= ahead) {
+            encode(i - ahead, names[(i - ahead) % std::size(names)]);
         }
     }
     encoded_.bytes(readable, sizeof(readable));

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <span>
+#include <memory_resource>
 #include <streambuf>
 #include <vector>
 
@@ -45,7 +46,10 @@ private:
 
     const oa::oaParamArray& params_;
     ByteBuffer encoded_; // in the order of the array
-    std::vector<Entry> entries_;
+    // As many entries as are usual need no heap.
+    std::array<std::byte, 32 * sizeof(Entry)> room_;
+    std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
+    std::pmr::vector<Entry> entries_{&memory_};
 };
 
 /// Writes a parameter array as the identity of a submaster has it.

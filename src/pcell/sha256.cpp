@@ -1,6 +1,7 @@
 #include "pcell/sha256.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "platform/processor.h"
@@ -9,11 +10,14 @@ namespace ovalis {
 
 namespace {
 
+/// Puts a word with its highest byte first.
 template <class Word>
 void putBigEndian(unsigned char* place, Word word) {
-    for (std::size_t i = 0; i < sizeof(Word); ++i) {
-        place[i] = static_cast<unsigned char>(word >> (8 * (sizeof(Word) - 1 - i)));
+    if constexpr (std::endian::native == std::endian::little) {
+        word = sizeof(Word) == 8 ? static_cast<Word>(__builtin_bswap64(word))
+                                 : static_cast<Word>(__builtin_bswap32(word));
     }
+    std::memcpy(place, &word, sizeof(word));
 }
 
 } // namespace

@@ -19,15 +19,27 @@ void appendNames(ByteBuffer& bytes, const oa::oaDesign& design) {
     encodeText(bytes, name);
 }
 
+/// The eight hexadecimal digits of a word, as a number that has the first of them in its lowest
+/// byte.
+std::uint64_t digitsOf(std::uint32_t word) {
+    constexpr std::uint64_t ones = 0x0101010101010101;
+    std::uint64_t nibbles = word; // each goes to a byte of its own, in reverse
+    nibbles = (nibbles & 0xFFFF) << 32 | nibbles >> 16;
+    nibbles = (nibbles & 0x000000FF000000FF) << 16 | (nibbles & 0x0000FF000000FF00) >> 8;
+    nibbles = (nibbles & 0x000F000F000F000F) << 8 | (nibbles & 0x00F000F000F000F0) >> 4;
+    const std::uint64_t letters = (nibbles + 6 * ones) >> 4 & ones;
+    return nibbles + '0' * ones + letters * ('a' - '0' - 10);
+}
+
 std::string hexadecimal(const Sha256Digest& digest) {
-    constexpr char digits[] = "0123456789abcdef";
-    std::string text(2 * digest.size(), '\0');
-    char* place = text.data();
-    for (const unsigned char byte : digest) {
-        *place++ = digits[byte >> 4];
-        *place++ = digits[byte & 15];
+    ByteBuffer text;
+    for (std::size_t i = 0; i < digest.size(); i += 4) {
+        const std::uint32_t word = std::uint32_t{digest[i]} << 24 |
+                                   std::uint32_t{digest[i + 1]} << 16 |
+                                   std::uint32_t{digest[i + 2]} << 8 | digest[i + 3];
+        encodeNumber(text, digitsOf(word));
     }
-    return text;
+    return std::string(text.view());
 }
 
 std::string digestOf(const ByteBuffer& bytes) {

@@ -1,4 +1,5 @@
 #include <ovalis/library.h>
+#include <ovalis/pcell.h>
 #include <ovalis/ports.h>
 
 #include "support/files.h"
@@ -7,12 +8,14 @@
 using namespace ovalis;
 using ovalis::test::failureOf;
 using ovalis::test::messageIdOf;
+using ovalis::test::writeText;
 
 namespace {
 
 /// What the calls of the database below answer in place of nothing, when a test sets it.
 oa::oaView* viewToAnswer = nullptr;
 oa::oaDesign* designToAnswer = nullptr;
+const char* listPathToAnswer = "";
 
 } // namespace
 
@@ -41,6 +44,10 @@ oaBlock* oaBlock::create(const oaDesign*, oaBoolean) {
 
 oaDesign* oaDesign::open(const oaScalarName&, const oaScalarName&, const oaScalarName&, oaChar) {
     return designToAnswer;
+}
+
+void oaLibDefList::getFullPath(oaString& path) const {
+    path = listPathToAnswer;
 }
 
 oaUInt8 oaFile::getSize() const {
@@ -145,4 +152,25 @@ TEST_F(Absence, OfRoomForAFileIsAFailure) {
     ovalis::test::writeText(filePath("file"), "small");
     EXPECT_EQ(failureOf([&] { readoaFile(pathOf("file")); }),
               "File " + pathOf("file") + " too big to handle");
+}
+
+TEST_F(Absence, OfASeparatorInTheTopListLeadsToTheCurrentDirectory) {
+    oa::oaDesign& content = design("content", "layout", 'w');
+    oa::oaDesign& layout = design("divider", "layout", 'w');
+    writeText(filePath("lib.defs"), "");
+    oa::oaLibDefList::openLibs(pathOf("lib.defs").c_str());
+    std::filesystem::create_directories(filePath("work") / ".vexPcells");
+    oa::PcellFile file(
+        (pathOf("work") + "/.vexPcells/" + calculateSubmasterIdHash(&layout)).c_str());
+    file.open("w");
+    file.append(&content);
+    file.close();
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(filePath("work"));
+    listPathToAnswer = "lib.defs";
+    EXPECT_NO_THROW(VexPSNPcell().onEval(&layout, nullptr));
+    listPathToAnswer = "elsewhere/lib.defs";
+    EXPECT_THROW(VexPSNPcell().onEval(&layout, nullptr), oa::oaDesignError);
+    std::filesystem::current_path(before);
+    oa::oaLibDefList::getTopList()->destroy();
 }
