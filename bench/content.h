@@ -5,15 +5,15 @@
 #include <cstdint>
 #include <vector>
 
-/// The layout that the design benchmarks save and open: pseudo-random rectangles and octagons on a
-/// grid of 5 nm (one database unit is 1 nm) in a field of 10 mm, no two of them alike. Drawn the
+/// The layout that the benchmarks save, open and evaluate: pseudo-random rectangles and octagons on
+/// a grid of 5 nm (one database unit is 1 nm) in a field of 10 mm, no two of them alike. Drawn the
 /// same by every side.
 namespace bench {
 
 inline constexpr std::size_t kLayers = 8;
 inline constexpr std::size_t kRectangles = 1'000'000;
 inline constexpr std::size_t kOctagons = 100'000;
-inline constexpr std::size_t kShapes = kRectangles + kOctagons;
+inline constexpr std::size_t kShapes = kRectangles + kOctagons; // unless another number is given
 
 struct Point {
     std::int32_t x = 0;
@@ -59,9 +59,9 @@ inline Octagon octagonAround(Point center, std::int32_t outer, std::int32_t inne
 /// Calls `rectangle(layer, box)` and `octagon(layer, points)` for every shape, in one order in
 /// which layers and kinds are mixed.
 template <class Rectangle, class OctagonVisit>
-void draw(Rectangle rectangle, OctagonVisit octagon) {
+void draw(std::size_t shapes, Rectangle rectangle, OctagonVisit octagon) {
     Random random;
-    for (std::size_t i = 0; i < kShapes; ++i) {
+    for (std::size_t i = 0; i < shapes; ++i) {
         const std::uint32_t layer = random.below(kLayers);
         const Point center{onGrid(random, 0, kField), onGrid(random, 0, kField)};
         const std::int32_t first = onGrid(random, kGrid, 5'000);
@@ -92,7 +92,7 @@ inline Box boxOf(const Octagon& points) {
     return {{points[7].x, points[0].y}, {points[2].x, points[4].y}};
 }
 
-/// The sum over the whole content.
-BoxSum expectedSum();
+/// The sum over a content of that many shapes.
+BoxSum expectedSum(std::size_t shapes = kShapes);
 
 } // namespace bench

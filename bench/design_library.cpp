@@ -32,9 +32,10 @@ std::string DesignLibrary::fileOf(const std::string& cell) const {
     return path_ + '/' + cell + "/layout/layout.oa";
 }
 
-void drawContent(oa::oaDesign* design) {
+void drawContent(oa::oaDesign* design, std::size_t shapes) {
     oa::oaBlock* block = oa::oaBlock::create(design);
     draw(
+        shapes,
         [&](std::uint32_t layer, const Box& box) {
             oa::oaRect::create(block, layer, kDrawing,
                                oa::oaBox(box.low.x, box.low.y, box.high.x, box.high.y));

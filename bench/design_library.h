@@ -34,8 +34,8 @@ private:
     oa::oaLib* lib_ = nullptr;
 };
 
-/// Draws the whole content into an empty design.
-void drawContent(oa::oaDesign* design);
+/// Draws a content of that many shapes into an empty design.
+void drawContent(oa::oaDesign* design, std::size_t shapes = kShapes);
 
 /// Asks every shape of the block for its box.
 BoxSum visitBoxes(const oa::oaBlock* block);

@@ -69,19 +69,22 @@ Box enclosing(std::span<const Point> points) {
 
 } // namespace
 
-BoxSum expectedSum() {
+BoxSum expectedSum(std::size_t shapes) {
     BoxSum sum;
-    draw([&](std::uint32_t, const Box& box) { add(sum, box); },
-         [&](std::uint32_t, const Octagon& octagon) { add(sum, boxOf(octagon)); });
+    draw(
+        shapes, [&](std::uint32_t, const Box& box) { add(sum, box); },
+        [&](std::uint32_t, const Octagon& octagon) { add(sum, boxOf(octagon)); });
     return sum;
 }
 
-FlatLayout flatLayout() {
+FlatLayout flatLayout(std::size_t shapes) {
     FlatLayout layout;
-    draw([&](std::uint32_t layer, const Box& box) { layout[layer].rectangles.push_back(box); },
-         [&](std::uint32_t layer, const Octagon& octagon) {
-             layout[layer].octagons.push_back(octagon);
-         });
+    draw(
+        shapes,
+        [&](std::uint32_t layer, const Box& box) { layout[layer].rectangles.push_back(box); },
+        [&](std::uint32_t layer, const Octagon& octagon) {
+            layout[layer].octagons.push_back(octagon);
+        });
     return layout;
 }
 

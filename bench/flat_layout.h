@@ -15,7 +15,7 @@ struct FlatLayer {
 
 using FlatLayout = std::array<FlatLayer, kLayers>;
 
-FlatLayout flatLayout();
+FlatLayout flatLayout(std::size_t shapes = kShapes);
 
 /// Writes a file that must not exist.
 void writeFlat(const FlatLayout& layout, const std::string& path);

@@ -35,12 +35,12 @@ bool Klayout::isInstalled() {
 }
 
 void Klayout::write() {
-    writeFlat(flatLayout(), directory_ / "klayout.flat");
+    writeFlat(flatLayout(shapes_), file(".flat"));
     run("write", kChildRepetitions);
 }
 
-void Klayout::read() {
-    run("read", kChildRepetitions);
+void Klayout::read(int copies) {
+    run("read", kChildRepetitions, copies);
 }
 
 void Klayout::memory() {
@@ -53,15 +53,20 @@ double Klayout::next(const std::string& name) {
     return figures[std::min(taken_[name]++, figures.size() - 1)];
 }
 
-void Klayout::run(const std::string& work, int repetitions) {
-    const std::string results = directory_ / "klayout.results";
-    const std::string log = directory_ / "klayout.log";
+std::string Klayout::file(const std::string& suffix) const {
+    return directory_ / ("klayout_" + std::to_string(shapes_) + suffix);
+}
+
+void Klayout::run(const std::string& work, int repetitions, int copies) {
+    const std::string results = file(".results");
+    const std::string log = file(".log");
     const std::map<std::string, std::string> variables = {
         {"work", work},
-        {"flat", directory_ / "klayout.flat"},
-        {"layout", directory_ / "klayout"},
+        {"flat", file(".flat")},
+        {"layout", file("")},
         {"results", results},
         {"repetitions", std::to_string(repetitions)},
+        {"copies", std::to_string(copies)},
     };
     std::vector<std::string> arguments = {"-b", "-r", KLAYOUT_SCRIPT};
     for (const auto& [name, value] : variables) {

@@ -6,6 +6,7 @@ Variables, given with -rd:
   layout   where the layout files are, without their suffix
   results  the file for the results: lines of a name and a number, one for each repetition
   repetitions
+  copies   how often the layout is read in one repetition
 """
 
 import os
@@ -82,10 +83,14 @@ def measure_writes(report):
 
 
 def measure_reads(report):
-    for _ in range(int(repetitions)):
+    def read_once():
         read = pya.Layout()
-        report("read_gds2", seconds(lambda: read.read(layout + ".gds")))
+        taken = seconds(lambda: read.read(layout + ".gds"))
         read._destroy()
+        return taken
+
+    for _ in range(int(repetitions)):
+        report("read_gds2", sum(read_once() for _ in range(int(copies))))
 
 
 def measure_memory(report):

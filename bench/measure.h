@@ -38,6 +38,22 @@ void measure(benchmark::State& state, Prepare prepare, Body body, CleanUp cleanU
     }
 }
 
+/// The same for short work that is done `times` times, each time with what goes around it.
+template <class Prepare, class Body, class CleanUp>
+void measureEach(benchmark::State& state, int times, Prepare prepare, Body body, CleanUp cleanUp) {
+    for (auto _ : state) {
+        double seconds = 0;
+        for (int i = 0; i < times; ++i) {
+            prepare();
+            const double start = now();
+            body();
+            seconds += now() - start;
+            cleanUp();
+        }
+        state.SetIterationTime(seconds);
+    }
+}
+
 template <class Body>
 void measure(benchmark::State& state, Body body) {
     measure(

@@ -490,12 +490,15 @@ std::uint32_t refCountOf(const oaDesign* design) {
     std::uint32_t count = record.openings;
     for (const oaDesign* submaster : record.submasters.made)
         count += recordFor(submaster).openings > 0 ? 1 : 0;
-    const auto countIfReferring = [&](std::uint32_t, const OpenDesignRecord& other) {
+    const auto countIfReferring = [&](const OpenDesignRecord& other) {
         if (&other != &record && refersTo(other, design))
             ++count;
     };
-    openDesigns().forEach(countIfReferring);
-    openSubmasters().forEach(countIfReferring);
+    openDesigns().forEach([&](std::uint32_t, const OpenDesignRecord& other) {
+        countIfReferring(other);
+        for (const oaDesign* submaster : other.submasters.made)
+            countIfReferring(recordFor(submaster));
+    });
     return count;
 }
 
