@@ -16,7 +16,7 @@ public:
     void getName(oa::oaString& name) override { name = "note"; }
     void onBind(oa::oaDesign*, oa::oaPcellDef*) override {}
     void onUnbind(oa::oaDesign*, oa::oaPcellDef* def) override { delete def; }
-    void onEval(oa::oaDesign*, oa::oaPcellDef*) override {}
+    void onEval(oa::oaDesign* design, oa::oaPcellDef*) override { oa::oaBlock::create(design); }
 
     void onRead(oa::oaDesign*, oa::oaMapFileWindow& window, oa::oaUInt4& loc,
                 oa::oaPcellDef* def) override {

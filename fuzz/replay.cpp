@@ -2,6 +2,7 @@
 // own writer made, must be accepted: otherwise the fuzzers would start from nothing.
 
 #include "database_file.h"
+#include "pcell_file.h"
 
 #include "support/places.h"
 
@@ -47,6 +48,20 @@ TEST(DatabaseFileCorpus, IsReadOrRefusedWithoutHarm) {
         }
     }
     EXPECT_GE(seeds, 5u);
+}
+
+TEST(PcellFileCorpus, IsReadOrRefusedWithoutHarm) {
+    std::size_t seeds = 0;
+    for (const fs::path& file : corpus("pcell_file")) {
+        SCOPED_TRACE(file.filename().string());
+        const std::vector<char> bytes = readAll(file);
+        const bool accepted = fuzz::tryPcellFile(std::as_bytes(std::span(bytes)));
+        if (isSeed(file)) {
+            ++seeds;
+            EXPECT_TRUE(accepted);
+        }
+    }
+    EXPECT_GE(seeds, 4u);
 }
 
 } // namespace
