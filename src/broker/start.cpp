@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include <platform/environment.h>
+#include <platform/path.h>
 #include <platform/system_error.h>
 
 #include "broker/env_override.h"
@@ -52,7 +53,7 @@ void startWithPipes(const BrokerConnection& connection, const PipeEnd& input, co
                         connection.libDirs[1]);
     environment.prepend("OA_PLUGIN_PATH", connection.pluginDirs[0], connection.pluginDirs[1]);
     if (!connection.tclLibDir.empty()) {
-        environment.set("TCL_LIBRARY", connection.tclLibDir);
+        environment.set("TCL_LIBRARY", platform::nativePath(connection.tclLibDir));
     }
     const std::string name = "pcellBroker" + std::to_string(connection.key.apiVersion) + ".exe";
     platform::StartedProcess started;

@@ -127,6 +127,17 @@ TEST(List, ShowsViewsSortedByName) {
               (Outcome{0, "a_longer_name  layout  maskLayout\n", ""}));
 }
 
+TEST(List, SaysOnStandardErrorThatBrokersAreNotConfigured) {
+    const Workplace work;
+    ASSERT_EQ(work.exportIt().status, 0);
+    const ovalis::test::EnvironmentOverride home("PCELLBROKER_HOME", std::nullopt);
+    const auto listed = ovalis::test::runProgram(ovalis::test::builtProgram("ovalis"),
+                                                 {"list", work.library(), "none"});
+    EXPECT_EQ(listed.exitCode, ovalisHere({"list", work.library(), "none"}).status);
+    EXPECT_EQ(withoutCarriageReturns(listed.errors).substr(0, 72),
+              "pcellBrokerClient: registerPcellEvaluators: PCELLBROKER_HOME is not set\n");
+}
+
 TEST(List, WritesJsonForPrograms) {
     const Workplace work;
     ASSERT_EQ(work.exportIt().status, 0);

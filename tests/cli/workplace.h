@@ -12,6 +12,7 @@
 #include "cli/export_component.h"
 #include "component/read_component.h"
 #include "support/files.h"
+#include "support/no_brokers.h"
 #include "support/places.h"
 #include "support/run_program.h"
 #include "support/temporary_directory.h"
@@ -53,6 +54,7 @@ inline void PrintTo(const Outcome& outcome, std::ostream* stream) {
 
 /// Runs the built program.
 inline Outcome ovalisProgram(const std::vector<std::string>& arguments) {
+    const ovalis::test::NoBrokers noBrokers;
     const auto result = ovalis::test::runProgram(ovalis::test::builtProgram("ovalis"), arguments);
     return {result.exitCode, withoutCarriageReturns(result.output),
             withoutCarriageReturns(result.errors)};

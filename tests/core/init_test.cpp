@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "support/environment_override.h"
 #include "support/library_fixture.h"
+#include "support/no_brokers.h"
 #include "support/places.h"
 #include "support/run_program.h"
 
@@ -71,6 +73,28 @@ TEST(StartUp, IsNotDoneWhenTheLayerOperationFails) {
 TEST(StartUp, IsMadeByOtherFunctionsAndItsFailureTranslated) {
     EXPECT_EQ(startUp({"translated"}), "failed with " + std::to_string(oa::oacPcellLinkExists) +
                                            "\nexists: 0, growEnvelope: 1\n");
+}
+
+TEST(StartUp, SaysThatBrokersAreNotConfigured) {
+    using namespace ovalis::test;
+    const EnvironmentOverride home("PCELLBROKER_HOME", std::nullopt);
+    std::string log = runProgram(builtProgram("start_up"), {"twice"}).errors;
+    std::erase(log, '\r');
+    EXPECT_EQ(log, "pcellBrokerClient: registerPcellEvaluators: PCELLBROKER_HOME is not set\n");
+}
+
+TEST(StartUp, RegistersTypesForBrokersLast) {
+    const ovalis::test::NoBrokers configured;
+    const ovalis::test::EnvironmentOverride types("PCELLBROKER_CONFIG", "typeB,SKRPcell,typeA:EX");
+    EXPECT_EQ(startUp({"links"}), "initialised, angle\n"
+                                  "PSNPcell\n"
+                                  "LayerMappingPcell\n"
+                                  "ReferencePcell\n"
+                                  "CorvidViaPad\n"
+                                  "NestedTechnologyPcell\n"
+                                  "SKRPcell\n"
+                                  "typeB\n"
+                                  "typeA\n");
 }
 
 TEST_F(PinAngle, IsZeroUntilSet) {

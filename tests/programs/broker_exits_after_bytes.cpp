@@ -1,4 +1,4 @@
-// A broker that exits when it has sent BYTES bytes of its answers.
+// A broker that exits where it would have to send more than BYTES bytes in all.
 
 #include "broker_pipes.h"
 
@@ -8,7 +8,7 @@ int main(int count, char** values) {
     while (const auto request = pipes.next()) {
         const std::string answer = plainAnswer(*request);
         pipes.write(answer.substr(0, left));
-        if (answer.size() >= left) {
+        if (answer.size() > left) {
             return 0;
         }
         left -= answer.size();

@@ -139,6 +139,14 @@ void translated() {
               << '\n';
 }
 
+/// Every evaluator that is known, in the order in which they became so.
+void links() {
+    attempt();
+    for (const std::string& name : oatest::pcellLinkNames()) {
+        std::cout << name << '\n';
+    }
+}
+
 } // namespace
 
 int main(int count, char** values) {
@@ -149,6 +157,8 @@ int main(int count, char** values) {
         twice();
     } else if (what == "taken" && count == 3) {
         taken(values[2]);
+    } else if (what == "links") {
+        links();
     } else if (what == "again") {
         again();
     } else if (what == "grow-taken") {

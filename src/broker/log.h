@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace pcellBrokerClient {
+
+/// Writes one line about a failure of this room to the standard error stream and to the system's
+/// log of events. Never throws.
+void logMessage(const std::string& text) noexcept;
+
+} // namespace pcellBrokerClient

@@ -1,0 +1,159 @@
+#include "broker/requests.h"
+
+#include <optional>
+#include <stdexcept>
+
+#include <platform/system_error.h>
+
+#include "broker/wire.h"
+
+namespace pcellBrokerClient {
+
+namespace {
+
+/// Takes the connection out of use unless the request and its answer went through whole.
+class Exchange {
+public:
+    explicit Exchange(BrokerConnection& connection) : connection_(connection) {
+        // What is there to be read before anything was asked answers nothing.
+        if (connection_.alive && connection_.fromBroker->in_avail() > 0) {
+            connection_.alive = false;
+        }
+        if (!connection_.alive) {
+            failForBroken(connection_);
+        }
+    }
+    Exchange(const Exchange&) = delete;
+    Exchange& operator=(const Exchange&) = delete;
+    ~Exchange() {
+        if (!complete_) {
+            connection_.alive = false;
+        }
+    }
+
+    std::streambuf& out() { return *connection_.toBroker; }
+    std::streambuf& in() { return *connection_.fromBroker; }
+    void complete() { complete_ = true; }
+
+private:
+    BrokerConnection& connection_;
+    bool complete_ = false;
+};
+
+/// What a broker is told once before an evaluation.
+struct SetUp {
+    std::string directory;
+    std::optional<oa::oaString> libraryDefinitions;
+};
+
+SetUp currentSetUp(ProcessSystem& system) {
+    SetUp setUp;
+    if (!system.currentDirectory(setUp.directory)) {
+        throw std::runtime_error("GetCurrentDirectoryW failed: " + platform::lastSystemErrorText());
+    }
+    if (oa::oaLibDefList* const list = oa::oaLibDefList::getTopList()) {
+        list->getFullPath(setUp.libraryDefinitions.emplace());
+    }
+    return setUp;
+}
+
+void writeSetUp(std::streambuf& out, const SetUp& setUp) {
+    writeCommand(out, Command::setWorkingDirectory);
+    writeText(out, setUp.directory.c_str());
+    if (setUp.libraryDefinitions) {
+        writeCommand(out, Command::setLibraryDefinitions);
+        writeText(out, *setUp.libraryDefinitions);
+    }
+}
+
+/// What an evaluation needs of a design, read before the first byte is written: a failure of the
+/// database must not leave half a request.
+struct Subject {
+    explicit Subject(oa::oaDesign& design) {
+        const oa::oaNativeNS nativeNames;
+        design.getLibName(nativeNames, lib);
+        design.getCellName(nativeNames, cell);
+        design.getViewName(nativeNames, view);
+        design.getParams(params);
+    }
+
+    oa::oaString lib;
+    oa::oaString cell;
+    oa::oaString view;
+    oa::oaParamArray params;
+};
+
+void writeEvaluate(std::streambuf& out, const Subject& subject) {
+    writeCommand(out, Command::evaluate);
+    writeText(out, subject.lib);
+    writeText(out, subject.cell);
+    writeText(out, subject.view);
+    writeParamArray(out, subject.params);
+}
+
+/// The file that holds the evaluated design.
+/// @throws std::runtime_error  with the broker's message when there is none.
+std::string requestEvaluation(BrokerConnection& connection, const std::optional<SetUp>& setUp,
+                              const Subject& subject) {
+    Exchange exchange(connection);
+    if (setUp) {
+        writeSetUp(exchange.out(), *setUp);
+    }
+    writeEvaluate(exchange.out(), subject);
+    flush(exchange.out());
+    connection.setUpNeeded = connection.setUpNeeded && !setUp;
+    const bool isEvaluated = readByte(exchange.in()) != 0;
+    const std::string text = readText(exchange.in());
+    exchange.complete();
+    if (!isEvaluated) {
+        throw std::runtime_error(text);
+    }
+    return text;
+}
+
+} // namespace
+
+void checkConnection(BrokerConnection& connection) {
+    try {
+        Exchange exchange(connection);
+        writeCommand(exchange.out(), Command::liveness);
+        flush(exchange.out());
+        if (readByte(exchange.in()) == livenessAnswer) {
+            exchange.complete();
+        }
+    } catch (...) {
+        connection.alive = false;
+    }
+    if (!connection.alive) {
+        failForBroken(connection);
+    }
+}
+
+bool canEvaluate(BrokerConnection& connection, const oa::oaString& typeName) {
+    Exchange exchange(connection);
+    writeCommand(exchange.out(), Command::canEvaluate);
+    writeText(exchange.out(), typeName);
+    flush(exchange.out());
+    const bool answer = readByte(exchange.in()) != 0;
+    exchange.complete();
+    return answer;
+}
+
+void evaluateThroughBroker(BrokerConnection& connection, oa::oaDesign& design,
+                           ProcessSystem& system) {
+    checkConnection(connection);
+    // Travels with the evaluation itself: a broker that is not there any more is told nothing, and
+    // what could not be told is told the next time.
+    std::optional<SetUp> setUp;
+    if (connection.setUpNeeded) {
+        setUp = currentSetUp(system);
+    }
+    const oa::oaString path = requestEvaluation(connection, setUp, Subject(design)).c_str();
+    oa::PcellFile file(path);
+    file.open("r");
+    file.read(&design);
+    file.close();
+    oa::oaFile(path).destroy();
+}
+
+} // namespace pcellBrokerClient
