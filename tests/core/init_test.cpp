@@ -86,15 +86,10 @@ TEST(StartUp, SaysThatBrokersAreNotConfigured) {
 TEST(StartUp, RegistersTypesForBrokersLast) {
     const ovalis::test::NoBrokers configured;
     const ovalis::test::EnvironmentOverride types("PCELLBROKER_CONFIG", "typeB,SKRPcell,typeA:EX");
-    EXPECT_EQ(startUp({"links"}), "initialised, angle\n"
-                                  "PSNPcell\n"
-                                  "LayerMappingPcell\n"
-                                  "ReferencePcell\n"
-                                  "CorvidViaPad\n"
-                                  "NestedTechnologyPcell\n"
-                                  "SKRPcell\n"
-                                  "typeB\n"
-                                  "typeA\n");
+    EXPECT_EQ(startUp({"links"}),
+              "initialised, angle\n"
+              "PSNPcell LayerMappingPcell ReferencePcell CorvidViaPad NestedTechnologyPcell "
+              "SKRPcell typeB typeA are linked\n");
 }
 
 TEST_F(PinAngle, IsZeroUntilSet) {

@@ -139,12 +139,9 @@ void translated() {
               << '\n';
 }
 
-/// Every evaluator that is known, in the order in which they became so.
 void links() {
     attempt();
-    for (const std::string& name : oatest::pcellLinkNames()) {
-        std::cout << name << '\n';
-    }
+    printLinks();
 }
 
 } // namespace
