@@ -17,15 +17,26 @@ TEST(Command, HelpGoesToStandardOutput) {
     const Outcome help = ovalisProgram({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.talk, "");
-    for (const char* command : {"export", "check", "list", "draw", "copy"})
+    for (const char* command :
+         {"export", "check", "list", "draw", "copy", "pcell", "place", "evaluate", "hash", "cache"})
         EXPECT_NE(help.out.find(command), std::string::npos) << command;
 }
 
 TEST(Command, HelpOfEachCommandEndsWithAnExample) {
-    for (const std::string command : {"export", "check", "list", "draw", "copy"}) {
+    for (const std::string command : {"export", "check", "list", "draw", "copy", "pcell", "place",
+                                      "evaluate", "hash", "cache"}) {
         const Outcome help = ovalisHere({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_NE(help.out.find("Example:\n  ovalis " + command + " "), std::string::npos)
+            << help.out;
+    }
+}
+
+TEST(Command, HelpOfEachCommandOfTheCacheEndsWithAnExample) {
+    for (const std::string command : {"list", "verify", "put", "explain"}) {
+        const Outcome help = ovalisHere({"cache", command, "--help"});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_NE(help.out.find("Example:\n  ovalis cache " + command + " "), std::string::npos)
             << help.out;
     }
 }

@@ -26,6 +26,40 @@ void addName(CLI::App& command, LibraryOptions& library) {
                        "Name of the library; the directory's name when not given");
 }
 
+void addCellView(CLI::App& command, CellViewOptions& options) {
+    addLibrary(command, options.library);
+    command.add_option("CELL", options.cell, "Cell of the library")->required();
+    command.add_option("VIEW", options.view, "View of the cell")->required();
+}
+
+void addParams(CLI::App& command, std::vector<std::string>& params, const char* form) {
+    command.add_option("--param", params, "A parameter; may be given several times")
+        ->type_name(form)
+        ->expected(1)
+        ->take_all();
+}
+
+void addLibs(CLI::App& command, std::string& libs) {
+    command
+        .add_option("--libs", libs, "Top library list; lib.defs in the library's directory without")
+        ->type_name("FILE");
+}
+
+void addPcell(CLI::App& command, PcellOptions& options) {
+    addCellView(command, options.pcell);
+    addParams(command, options.params, "NAME=VALUE");
+    addLibs(command, options.libs);
+}
+
+/// An option that names a design by its library's directory, cell and view.
+void addDesign(CLI::App& command, const char* name, std::vector<std::string>& design,
+               const char* description) {
+    command.add_option(name, design, description)
+        ->type_name("DIR CELL VIEW")
+        ->expected(3)
+        ->required();
+}
+
 std::string oneLine(std::string text) {
     while (!text.empty() && text.back() == '\n')
         text.pop_back();
@@ -40,6 +74,14 @@ struct Options {
     ListOptions list;
     DrawOptions draw;
     CopyOptions copy;
+    EvaluateOptions evaluate;
+    HashOptions hash;
+    CacheOptions cacheList;
+    CacheOptions cacheVerify;
+    CachePutOptions cachePut;
+    PcellOptions cacheExplain;
+    MakePcellOptions makePcell;
+    PlaceOptions place;
 };
 
 void addExport(CLI::App& app, Options& options, Console& console, int& status) {
@@ -77,9 +119,7 @@ void addList(CLI::App& app, Options& options, Console& console, int& status) {
 void addDraw(CLI::App& app, Options& options, Console& console, int& status) {
     CLI::App& command = addCommand(app, "draw", "Draw a design as SVG",
                                    "ovalis draw trial spiral_39n layout -o spiral.svg");
-    addLibrary(command, options.draw.library);
-    command.add_option("CELL", options.draw.cell, "Cell of the library")->required();
-    command.add_option("VIEW", options.draw.view, "View of the cell")->required();
+    addCellView(command, options.draw.design);
     command.add_option("-o", options.draw.outputFile, "File to write; standard output without")
         ->type_name("FILE");
     command.callback([&] { status = drawCommand(options.draw, console); });
@@ -93,6 +133,84 @@ void addCopy(CLI::App& app, Options& options, Console& console, int& status) {
     command.add_option("--name", options.copy.destination.name,
                        "Name of the copy; the directory's name when not given");
     command.callback([&] { status = copyCommand(options.copy, console); });
+}
+
+void addEvaluate(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "evaluate", "Evaluate a pcell and say what served it",
+                   "ovalis evaluate trial spiral layout --param turns=4 --draw spiral.svg");
+    addPcell(command, options.evaluate.target);
+    command.add_option("--draw", options.evaluate.pictureFile, "Picture of the result (SVG)")
+        ->type_name("FILE");
+    command.add_flag("--json", options.evaluate.json, "Write JSON for programs");
+    command.callback([&] { status = evaluateCommand(options.evaluate, console); });
+}
+
+void addHash(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command = addCommand(app, "hash", "Tell the identity of an evaluated pcell",
+                                   "ovalis hash trial spiral_39n layout --param nr_r=5 --explain");
+    addPcell(command, options.hash.target);
+    command.add_flag("--explain", options.hash.explain, "Show the bytes that it is made from");
+    command.callback([&] { status = hashCommand(options.hash, console); });
+}
+
+void addCacheOptions(CLI::App& command, CacheOptions& options) {
+    CLI::Option* directory =
+        command.add_option("DIR", options.library.path, "Directory of a library");
+    addLibs(command, options.libs);
+    command.parse_complete_callback([directory, &command] {
+        if (directory->count() == 0 && command.count("--libs") == 0)
+            throw CLI::RequiredError("DIR or --libs");
+    });
+}
+
+void addCache(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& cache = addCommand(app, "cache", "Look after evaluated pcells on disk",
+                                 "ovalis cache verify trial");
+    cache.require_subcommand(1);
+    CLI::App& list =
+        addCommand(cache, "list", "List the entries and who uses them", "ovalis cache list trial");
+    addCacheOptions(list, options.cacheList);
+    list.callback([&] { status = cacheListCommand(options.cacheList, console); });
+    CLI::App& verify = addCommand(cache, "verify", "Read every entry, look for missing ones",
+                                  "ovalis cache verify --libs lib.defs");
+    addCacheOptions(verify, options.cacheVerify);
+    verify.callback([&] { status = cacheVerifyCommand(options.cacheVerify, console); });
+    CLI::App& put = addCommand(cache, "put", "Store the content of a design as an entry",
+                               "ovalis cache put trial spiral_39n layout --param nr_r=5 --from "
+                               "trial spiral_5 layout");
+    addPcell(put, options.cachePut.target);
+    addDesign(put, "--from", options.cachePut.from, "The design with the content");
+    put.callback([&] { status = cachePutCommand(options.cachePut, console); });
+    CLI::App& explain = addCommand(cache, "explain", "Say whether an entry serves a pcell, and why",
+                                   "ovalis cache explain trial spiral_39n layout --param nr_r=5");
+    addPcell(explain, options.cacheExplain);
+    explain.callback([&] { status = cacheExplainCommand(options.cacheExplain, console); });
+}
+
+void addMakePcell(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "pcell", "Make a pcell that an evaluator fills",
+                   "ovalis pcell trial pad layout PSNPcell --param size:double=2.5");
+    addCellView(command, options.makePcell.pcell);
+    command.add_option("EVALUATOR", options.makePcell.evaluator, "Name of the evaluator")
+        ->required();
+    addParams(command, options.makePcell.params, "NAME:TYPE=VALUE");
+    command.callback([&] { status = makePcellCommand(options.makePcell, console); });
+}
+
+void addPlace(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "place", "Place an instance in a design",
+                   "ovalis place trial top layout I1 0 -50.5 --master trial spiral_39n layout "
+                   "--param nr_r=5");
+    addCellView(command, options.place.design);
+    command.add_option("NAME", options.place.name, "Name of the instance")->required();
+    command.add_option("X", options.place.x, "Place in user units")->required();
+    command.add_option("Y", options.place.y, "Place in user units")->required();
+    addDesign(command, "--master", options.place.master, "The design to place");
+    addParams(command, options.place.params, "NAME=VALUE");
+    command.callback([&] { status = placeCommand(options.place, console); });
 }
 
 } // namespace
@@ -118,6 +236,11 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     addList(app, options, console, status);
     addDraw(app, options, console, status);
     addCopy(app, options, console, status);
+    addMakePcell(app, options, console, status);
+    addPlace(app, options, console, status);
+    addEvaluate(app, options, console, status);
+    addHash(app, options, console, status);
+    addCache(app, options, console, status);
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Error& error) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cli/console.h"
 
@@ -24,16 +25,72 @@ struct ListOptions {
     bool json = false;
 };
 
-struct DrawOptions {
+/// A cell view of a library.
+struct CellViewOptions {
     LibraryOptions library;
     std::string cell;
     std::string view;
+};
+
+struct DrawOptions {
+    CellViewOptions design;
     std::string outputFile;
 };
 
 struct CopyOptions {
     std::string source;
     LibraryOptions destination;
+};
+
+/// A pcell with values for some of its parameters.
+struct PcellOptions {
+    CellViewOptions pcell;
+    /// NAME=VALUE each.
+    std::vector<std::string> params;
+    /// The top library list; the library's own `lib.defs` when empty.
+    std::string libs;
+};
+
+struct EvaluateOptions {
+    PcellOptions target;
+    std::string pictureFile;
+    bool json = false;
+};
+
+struct HashOptions {
+    PcellOptions target;
+    bool explain = false;
+};
+
+/// Which cache: the one of a library's top list, or of a list given by itself.
+struct CacheOptions {
+    LibraryOptions library;
+    std::string libs;
+};
+
+struct CachePutOptions {
+    PcellOptions target;
+    /// Directory, cell and view of the content.
+    std::vector<std::string> from;
+};
+
+struct MakePcellOptions {
+    CellViewOptions pcell;
+    std::string evaluator;
+    /// NAME:TYPE=VALUE each.
+    std::vector<std::string> params;
+};
+
+struct PlaceOptions {
+    CellViewOptions design;
+    std::string name;
+    /// In user units.
+    double x = 0;
+    double y = 0;
+    /// Directory, cell and view of the master.
+    std::vector<std::string> master;
+    /// NAME=VALUE each.
+    std::vector<std::string> params;
 };
 
 // Each command answers its exit status and throws `std::runtime_error` on failure.
@@ -52,5 +109,31 @@ int drawCommand(const DrawOptions& options, Console& console);
 
 /// Copies a library.
 int copyCommand(const CopyOptions& options, Console& console);
+
+/// Evaluates a pcell and says what served it; `somethingMissing` when it could not be evaluated.
+int evaluateCommand(const EvaluateOptions& options, Console& console);
+
+/// Tells the identity of a submaster.
+int hashCommand(const HashOptions& options, Console& console);
+
+/// Lists the entries of a cache of evaluated submasters.
+int cacheListCommand(const CacheOptions& options, Console& console);
+
+/// Reads every entry of a cache through and looks for what is missing; `somethingMissing` when
+/// there is anything to tell.
+int cacheVerifyCommand(const CacheOptions& options, Console& console);
+
+/// Stores the content of a design as a cache entry.
+int cachePutCommand(const CachePutOptions& options, Console& console);
+
+/// Says whether the cache serves a pcell, and else how the nearest entry differs;
+/// `somethingMissing` when it does not serve it.
+int cacheExplainCommand(const PcellOptions& options, Console& console);
+
+/// Makes a pcell master that an evaluator fills.
+int makePcellCommand(const MakePcellOptions& options, Console& console);
+
+/// Places an instance in a design.
+int placeCommand(const PlaceOptions& options, Console& console);
 
 } // namespace cli

@@ -1,25 +1,26 @@
-#include <sstream>
 #include <stdexcept>
 
 #include "cli/collect.h"
 #include "cli/commands.h"
 #include "cli/library_access.h"
+#include "cli/svg_file.h"
 #include "drawing/svg.h"
-#include "platform/file.h"
 
 namespace cli {
 namespace {
 
 drawing::Picture pictureOf(const DrawOptions& options) {
-    const ovalis::LibPtr lib = openForReading(options.library);
-    const std::string where = directoryOf(options.library) + ": ";
-    const std::string what = options.cell + "/" + options.view;
-    if (ovalis::getCellView(*lib, options.cell, options.view) == nullptr)
+    const ovalis::LibPtr lib = openForReading(options.design.library);
+    const std::string where = directoryOf(options.design.library) + ": ";
+    const std::string what = options.design.cell + "/" + options.design.view;
+    if (ovalis::getCellView(*lib, options.design.cell, options.design.view) == nullptr)
         throw std::runtime_error(where + "no cell view \"" + what + "\"");
     try {
-        const OpenDesign design(ovalis::openDesign(*lib, options.cell, options.view, false));
+        const OpenDesign design(
+            ovalis::openDesign(*lib, options.design.cell, options.design.view, false));
         drawing::Picture picture = collect(*design);
-        picture.title = nameOf(options.library) + " / " + options.cell + " / " + options.view;
+        picture.title = nameOf(options.design.library) + " / " + options.design.cell + " / " +
+                        options.design.view;
         return picture;
     } catch (const std::runtime_error& error) {
         throw std::runtime_error(where + what + ": " + error.what());
@@ -34,12 +35,7 @@ int drawCommand(const DrawOptions& options, Console& console) {
         drawing::writeSvg(console.out, picture);
         return success;
     }
-    std::ostringstream svg;
-    drawing::writeSvg(svg, picture);
-    const std::string text = svg.str();
-    platform::File file(options.outputFile, platform::OpenMode::write);
-    file.write(text.data(), text.size());
-    file.close();
+    writeSvgFile(options.outputFile, picture);
     console.talk << "wrote " << options.outputFile << '\n';
     return success;
 }

@@ -35,13 +35,4 @@ void requireUsablePath(const std::string& path) {
         throw std::runtime_error(path + ": " + message);
 }
 
-OpenDesign::~OpenDesign() {
-    try {
-        if (design_->isValid())
-            design_->close();
-    } catch (const oa::oaException&) {
-        // The design stays open until its library closes, which is next.
-    }
-}
-
 } // namespace cli

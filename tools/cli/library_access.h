@@ -5,20 +5,12 @@
 #include <ovalis/library.h>
 
 #include "cli/commands.h"
+#include "evaluation/open_design.h"
 
 namespace cli {
 
-/// Runs a body that calls the database itself, turning its exceptions into `ovalis::Exception`.
-template <class Body>
-auto calling(Body&& body) -> decltype(body()) {
-    try {
-        return body();
-    } catch (const oa::oaException& error) {
-        throw ovalis::Exception(error);
-    } catch (const oaCommon::IException& error) {
-        throw ovalis::Exception(error);
-    }
-}
+using evaluation::calling;
+using evaluation::OpenDesign;
 
 /// The directory without separators at its end.
 std::string directoryOf(const LibraryOptions& library);
@@ -32,20 +24,5 @@ ovalis::LibPtr openForReading(const LibraryOptions& library);
 
 /// Throws the library's own text when the path has blanks or tabs.
 void requireUsablePath(const std::string& path);
-
-/// An open design that is closed at scope end, unsaved changes and all.
-class OpenDesign {
-public:
-    explicit OpenDesign(oa::oaDesign* design) : design_(design) {}
-    OpenDesign(const OpenDesign&) = delete;
-    OpenDesign& operator=(const OpenDesign&) = delete;
-    ~OpenDesign();
-
-    oa::oaDesign& operator*() const { return *design_; }
-    oa::oaDesign* operator->() const { return design_; }
-
-private:
-    oa::oaDesign* design_;
-};
 
 } // namespace cli

@@ -1,0 +1,284 @@
+#include <gtest/gtest.h>
+
+#include "pcell_place.h"
+
+namespace cli::test {
+namespace {
+
+using ovalis::test::EnvironmentOverride;
+using ovalis::test::readText;
+using ovalis::test::writeText;
+
+/// Without the last line, which tells of the list that the environment of the tests lacks.
+std::string withoutListWarning(const std::string& talk) {
+    return talk.substr(0, talk.find("  library list: "));
+}
+
+TEST(Hash, IsThatOfTheNamesAndAllParameters) {
+    PcellPlace work;
+    EXPECT_EQ(work.onCoil({"hash"}), (Outcome{0, identityOf2 + "\n", ""}));
+    EXPECT_EQ(work.onCoil({"hash"}, {"--param", "N=2"}), (Outcome{0, identityOf2 + "\n", ""}));
+    EXPECT_EQ(work.onCoil({"hash"}, {"--param", "N=3"}), (Outcome{0, identityOf3 + "\n", ""}));
+    EXPECT_EQ(work.onCoil({"hash"}, {"--param", "N=9", "--param", "N=3"}),
+              (Outcome{0, identityOf3 + "\n", ""}));
+}
+
+TEST(Hash, IsExplainedFieldByField) {
+    PcellPlace work;
+    EXPECT_EQ(work.onCoil({"hash"}, {"--explain", "--param", "N=3"}),
+              (Outcome{0,
+                       "    0  6c 69 62 00                                      library \"lib\"\n"
+                       "    4  63 6f 69 6c 00                                   cell \"coil\"\n"
+                       "    9  6c 61 79 6f 75 74 00                             view \"layout\"\n"
+                       "   16  01 00 00 00                                      parameters 1\n"
+                       "   20  4e 00                                            "
+                       "parameter 1 name \"N\"\n"
+                       "   22  00                                               "
+                       "parameter 1 type int\n"
+                       "   23  03 00 00 00                                      "
+                       "parameter 1 value 3\n" +
+                           identityOf3 + "\n",
+                       ""}));
+}
+
+TEST(Hash, LongFieldsTakeSeveralRows) {
+    PcellPlace work;
+    const std::string library = work.path("more");
+    ASSERT_EQ(
+        ovalisHere({"pcell", library, "a_cell_with_a_long_name", "layout", "PSNPcell"}).status, 0);
+    const Outcome hash =
+        ovalisHere({"hash", library, "a_cell_with_a_long_name", "layout", "--explain"});
+    EXPECT_NE(hash.out.find("    5  61 5f 63 65 6c 6c 5f 77 69 74 68 5f 61 5f 6c 6f  cell "
+                            "\"a_cell_with_a_long_name\"\n"
+                            "   21  6e 67 5f 6e 61 6d 65 00\n"
+                            "   29  6c 61"),
+              std::string::npos)
+        << hash.out;
+}
+
+TEST(Hash, WrongParametersAreOneLineAndListWhatThereIs) {
+    PcellPlace work;
+    const struct {
+        const char* param;
+        const char* talk;
+    } rows[] = {
+        {"n=3", "ovalis: no parameter \"n\"; there are N (int)\n"},
+        {"N=3.5",
+         "ovalis: parameter \"N\" is of the type int, which \"3.5\" is not; there are N (int)\n"},
+        {"N", "ovalis: \"N\" is no NAME=VALUE; there are N (int)\n"},
+    };
+    for (const auto& row : rows)
+        for (const char* command : {"hash", "evaluate"})
+            EXPECT_EQ(work.onCoil({command}, {"--param", row.param}), (Outcome{2, "", row.talk}));
+}
+
+TEST(Evaluate, NamesWhatIsNoPcell) {
+    PcellPlace work;
+    EXPECT_EQ(ovalisHere({"evaluate", work.library(), "coil", "symbol"}),
+              (Outcome{2, "", "ovalis: " + work.library() + ": coil/symbol is no pcell\n"}));
+    EXPECT_EQ(ovalisHere({"evaluate", work.library(), "coil", "other"}),
+              (Outcome{2, "", "ovalis: " + work.library() + ": no cell view \"coil/other\"\n"}));
+    EXPECT_EQ(ovalisHere({"evaluate", work.path("absent"), "coil", "layout"}),
+              (Outcome{2, "", "ovalis: OA Library not found at " + work.path("absent") + "\n"}));
+}
+
+TEST(Evaluate, AMissingEntryIsToldWithNamesParametersAndPath) {
+    PcellPlace work;
+    const std::string stored = entryPath(work.put());
+    const std::string directory = stored.substr(0, stored.size() - identityOf2.size());
+    Outcome missed = work.onCoil({"evaluate"}, {"--param", "N=3"});
+    missed.talk = withoutListWarning(missed.talk);
+    EXPECT_EQ(missed, (Outcome{1, "",
+                               "ovalis: lib/coil/layout cannot be evaluated by \"PSNPcell\"\n"
+                               "  evaluation of lib/coil/layout: The pcell submaster cannot be "
+                               "produced.\n"
+                               "  parameters: N = 3\n"
+                               "  identity: " +
+                                   identityOf3 +
+                                   "\n"
+                                   "  cache: " +
+                                   directory + identityOf3 + " is not there\n"}));
+}
+
+TEST(Evaluate, AnEntryServesItsParameters) {
+    PcellPlace work;
+    const std::string stored = entryPath(work.put());
+    Outcome served = work.onCoil({"evaluate"});
+    served.out = withoutTime(served.out);
+    EXPECT_EQ(served, (Outcome{0,
+                               "pcell        lib/coil/layout\n"
+                               "parameters   N = 2\n"
+                               "evaluator    PSNPcell\n"
+                               "identity     " +
+                                   identityOf2 +
+                                   "\n"
+                                   "served by    cache file " +
+                                   stored +
+                                   "\n"
+                                   "shapes       5\n"
+                                   "box          0 0 0.09 0.06 (left, bottom, right, top; "
+                                   "micron)\n"
+                                   "time         T ms\n",
+                               ""}));
+}
+
+TEST(Evaluate, ADamagedEntryIsAFailureThatNamesIt) {
+    PcellPlace work;
+    const std::string stored = entryPath(work.put());
+    const std::string whole = readText(stored);
+    writeText(stored, whole.substr(0, whole.size() / 2));
+    const Outcome failed = work.onCoil({"evaluate"});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(failed.out, "");
+    EXPECT_NE(failed.talk.find("  cache: " + stored + " cannot be used\n"), std::string::npos)
+        << failed.talk;
+}
+
+TEST(Evaluate, UsesTheListThatIsNamed) {
+    PcellPlace work;
+    std::filesystem::create_directory(work.path("lists"));
+    const std::string list = work.path("lists/all.defs");
+    writeText(list, "DEFINE lib ../lib\n");
+    const std::string stored = entryPath(work.put({"--libs", list}));
+    EXPECT_TRUE(std::filesystem::exists(work.path("lists/.vexPcells/" + identityOf2)));
+    EXPECT_FALSE(std::filesystem::exists(work.path("lib/.vexPcells")));
+    const Outcome served = work.onCoil({"evaluate"}, {"--libs", list});
+    EXPECT_EQ(served.status, 0);
+    EXPECT_NE(served.out.find("served by    cache file " + stored + "\n"), std::string::npos);
+    EXPECT_EQ(work.onCoil({"evaluate"}).status, 1);
+}
+
+TEST(Evaluate, ALibraryHasTheNameOfTheListInItsIdentity) {
+    PcellPlace work;
+    const std::string list = work.path("all.defs");
+    writeText(list, "DEFINE other lib\n");
+    const Outcome hash = work.onCoil({"hash"}, {"--libs", list, "--explain"});
+    EXPECT_EQ(hash.status, 0);
+    EXPECT_NE(hash.out.find("library \"other\"\n"), std::string::npos) << hash.out;
+}
+
+TEST(Evaluate, AListThatIsNotThereIsAFailure) {
+    PcellPlace work;
+    const Outcome failed = work.onCoil({"evaluate"}, {"--libs", work.path("absent.defs")});
+    EXPECT_EQ(failed.status, 2);
+    EXPECT_NE(failed.talk.find("absent.defs"), std::string::npos);
+}
+
+TEST(Evaluate, WithoutAListThereIsNoCache) {
+    PcellPlace work;
+    std::filesystem::remove(work.path("lib/lib.defs"));
+    EXPECT_EQ(work.onCoil({"evaluate"}),
+              (Outcome{1, "",
+                       "ovalis: lib/coil/layout cannot be evaluated by \"PSNPcell\"\n"
+                       "  evaluation of lib/coil/layout: The pcell submaster cannot be produced.\n"
+                       "  parameters: N = 2\n"
+                       "  identity: " +
+                           identityOf2 +
+                           "\n"
+                           "  cache: there is no top library list, beside which it would be\n"}));
+}
+
+TEST(Evaluate, APlugInDrawsTheSpiral) {
+    const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
+    PcellPlace work;
+    ASSERT_EQ(work.makeSpiral().status, 0);
+    const std::string picture = work.path("spiral.svg");
+    Outcome served = work.evaluateSpiral({"--param", "turns=3", "--draw", picture});
+    served.out = withoutTime(served.out);
+    const std::string begin =
+        "pcell        coils/spiral/layout\n"
+        "parameters   shape = square, turns = 3, width = 10, spacing = 5, innerDiameter = 100, "
+        "layer = 8, viaLayer = 7, underpassLayer = 6\n"
+        "evaluator    spiral\n"
+        "identity     ";
+    const std::string end = "shapes       5\n"
+                            "box          -120 -90 120 90 (left, bottom, right, top; micron)\n"
+                            "time         T ms\n";
+    EXPECT_TRUE(served.out.starts_with(begin)) << served.out;
+    EXPECT_TRUE(served.out.ends_with(end)) << served.out;
+    EXPECT_NE(served.out.find("\nserved by    plug-in " + pluginDirectory()), std::string::npos);
+    EXPECT_NE(served.out.find("spiral.plg\n"), std::string::npos);
+    EXPECT_EQ(served.talk, "wrote " + picture + "\n");
+    EXPECT_NE(readText(picture).find("<title>coils / spiral / layout (shape = square, turns = 3, "),
+              std::string::npos);
+}
+
+TEST(Evaluate, WhatAPlugInRefusesIsToldInItsWords) {
+    const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
+    PcellPlace work;
+    ASSERT_EQ(work.makeSpiral().status, 0);
+    const Outcome refused = work.evaluateSpiral({"--param", "turns=0"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_TRUE(refused.talk.starts_with(
+        "ovalis: coils/spiral/layout cannot be evaluated by \"spiral\"\n"
+        "  evaluation of coils/spiral/layout: turns is 0: it must be 1 to 100\n"
+        "  parameters: shape = square, turns = 0, "))
+        << refused.talk;
+}
+
+TEST(Evaluate, AnUnknownEvaluatorIsAFailure) {
+    PcellPlace work;
+    {
+        const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
+        ASSERT_EQ(ovalisProgram({"pcell", work.path("coils"), "spiral", "layout", "spiral"}).status,
+                  0);
+    }
+    const Outcome failed = ovalisProgram({"evaluate", work.path("coils"), "spiral", "layout"});
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_NE(failed.talk.find("plug-in of coils/spiral/layout: The evaluator 'spiral' of pcell "
+                               "'coils/spiral/layout' is missing"),
+              std::string::npos)
+        << failed.talk;
+}
+
+TEST(Evaluate, WritesJsonForPrograms) {
+    const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
+    PcellPlace work;
+    ASSERT_EQ(work.makeSpiral().status, 0);
+    const Outcome served = work.evaluateSpiral({"--json"});
+    EXPECT_EQ(served.status, 0);
+    nlohmann::json json = nlohmann::json::parse(served.out);
+    EXPECT_GE(json["milliseconds"].get<double>(), 0);
+    EXPECT_EQ(json["identity"].get<std::string>().size(), 64u);
+    EXPECT_NE(json["source"]["path"].get<std::string>().find("spiral.plg"), std::string::npos);
+    json.erase("milliseconds");
+    json.erase("identity");
+    json["source"].erase("path");
+    EXPECT_EQ(json, nlohmann::json::parse(R"({
+        "library": "coils", "cell": "spiral", "view": "layout", "evaluator": "spiral",
+        "parameters": [
+            {"name": "shape", "type": "string", "value": "square"},
+            {"name": "turns", "type": "int", "value": 2},
+            {"name": "width", "type": "double", "value": 10.0},
+            {"name": "spacing", "type": "double", "value": 5.0},
+            {"name": "innerDiameter", "type": "double", "value": 100.0},
+            {"name": "layer", "type": "int", "value": 8},
+            {"name": "viaLayer", "type": "int", "value": 7},
+            {"name": "underpassLayer", "type": "int", "value": 6}
+        ],
+        "evaluated": true, "source": {"kind": "plug-in"}, "shapes": 5,
+        "box": [-105.0, -75.0, 105.0, 75.0], "unit": "micron", "errors": []
+    })"));
+}
+
+TEST(Evaluate, JsonOfAFailureHasWhatTheObserversWereTold) {
+    PcellPlace work;
+    const Outcome failed = work.onCoil({"evaluate"}, {"--json", "--param", "N=3"});
+    EXPECT_EQ(failed.status, 1);
+    nlohmann::json json = nlohmann::json::parse(failed.out);
+    EXPECT_EQ(json["source"]["kind"], "cache file");
+    json.erase("milliseconds");
+    json.erase("source");
+    EXPECT_EQ(json, nlohmann::json::parse(R"({
+        "library": "lib", "cell": "coil", "view": "layout", "evaluator": "PSNPcell",
+        "parameters": [{"name": "N", "type": "int", "value": 3}],
+        "identity": ")" + identityOf3 + R"(",
+        "evaluated": false, "shapes": 0, "box": null, "unit": null,
+        "errors": [{"kind": "evaluation", "design": "lib/coil/layout",
+                    "message": "The pcell submaster cannot be produced."}]
+    })"));
+}
+
+} // namespace
+} // namespace cli::test

@@ -1,0 +1,117 @@
+#include "evaluation/open_libraries.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "evaluation/open_design.h"
+#include "platform/file.h"
+#include "platform/path.h"
+
+namespace evaluation {
+namespace {
+
+/// Keeps what the database finds wrong while a list is loaded.
+class WarningLog : public oa::oaObserver<oa::oaLibDefList> {
+public:
+    explicit WarningLog(std::vector<std::string>& warnings)
+        : oa::oaObserver<oa::oaLibDefList>(1), warnings_(warnings) {}
+
+    oa::oaBoolean onLoadWarnings(oa::oaLibDefList*, const oa::oaString& message,
+                                 oa::oaLibDefListWarningTypeEnum) override {
+        warnings_.push_back(ovalis::fromOa(message));
+        return true;
+    }
+
+private:
+    std::vector<std::string>& warnings_;
+};
+
+std::vector<oa::oaLib*> openLibs() {
+    std::vector<oa::oaLib*> libs;
+    oa::oaIter<oa::oaLib> all(oa::oaLib::getOpenLibs());
+    while (oa::oaLib* lib = all.getNext())
+        libs.push_back(lib);
+    return libs;
+}
+
+std::string pathOf(const oa::oaLib& lib) {
+    oa::oaString path;
+    lib.getFullPath(path);
+    return ovalis::fromOa(path);
+}
+
+void requireLibrary(const std::string& directory) {
+    if (!ovalis::existsLib(directory))
+        throw std::runtime_error("OA Library not found at " + directory);
+}
+
+} // namespace
+
+OpenLibraries::OpenLibraries(const std::string& directory, const std::string& name,
+                             const std::string& listFile) {
+    ovalis::initOa();
+    if (!directory.empty())
+        requireLibrary(directory);
+    before_ = openLibs();
+    const std::string ownList = platform::joinPath(directory, "lib.defs");
+    try {
+        if (!listFile.empty())
+            openList(listFile);
+        else if (platform::isFile(ownList))
+            openList(ownList);
+        if (!directory.empty())
+            library_ = &open(directory, name);
+    } catch (...) {
+        closeAll();
+        throw;
+    }
+}
+
+OpenLibraries::~OpenLibraries() {
+    closeAll();
+}
+
+std::vector<oa::oaLib*> OpenLibraries::all() const {
+    std::vector<oa::oaLib*> libs = openLibs();
+    std::erase_if(libs, [&](oa::oaLib* lib) {
+        return std::find(before_.begin(), before_.end(), lib) != before_.end();
+    });
+    return libs;
+}
+
+void OpenLibraries::openList(const std::string& listFile) {
+    calling([&] {
+        const WarningLog log(warnings_);
+        oa::oaLibDefList::openLibs(ovalis::toOa(listFile));
+        const oa::oaLibDefList* list = oa::oaLibDefList::getTopList();
+        oa::oaString path;
+        if (list != nullptr)
+            list->getFullPath(path);
+        listPath_ = ovalis::fromOa(path);
+    });
+}
+
+oa::oaLib& OpenLibraries::open(const std::string& directory, const std::string& name) {
+    requireLibrary(directory);
+    for (oa::oaLib* lib : openLibs())
+        if (platform::sameFile(pathOf(*lib), directory)) {
+            if (!calling([&] { return lib->getAccess(oa::oacReadLibAccess, 0); }))
+                throw std::runtime_error("Could not obtain access to library at " + directory);
+            return *lib;
+        }
+    return *ovalis::openLib(directory, false, name).release(); // closed with the others
+}
+
+void OpenLibraries::closeAll() noexcept {
+    try {
+        for (oa::oaLib* lib : all())
+            lib->close();
+        if (oa::oaLibDefList* list = oa::oaLibDefList::getTopList();
+            list != nullptr && !listPath_.empty())
+            list->destroy();
+    } catch (const oa::oaException&) {
+        // What is left open goes with the process.
+    }
+}
+
+} // namespace evaluation

@@ -1,0 +1,104 @@
+#include "evaluation/pcell.h"
+
+#include <stdexcept>
+
+#include <ovalis/library.h>
+
+#include "evaluation/parameters.h"
+#include "platform/environment.h"
+#include "platform/file.h"
+#include "platform/path.h"
+
+namespace evaluation {
+namespace {
+
+/// The description of the plug-in of that name, where the database looks for one; empty when there
+/// is none.
+std::string plugInFile(const std::string& name) {
+    const std::string list = platform::environmentVariable("OA_PLUGIN_PATH").value_or("");
+    for (std::size_t begin = 0; begin <= list.size();) {
+        const std::size_t end =
+            std::min(list.find(platform::pathListSeparator(), begin), list.size());
+        const std::string directory = list.substr(begin, end - begin);
+        const std::string file = platform::joinPath(directory, name + ".plg");
+        if (!directory.empty() && platform::isFile(file))
+            return file;
+        begin = end + 1;
+    }
+    return "";
+}
+
+Source sourceOf(const Pcell& pcell, const std::string& hash, const std::string& cacheDirectory) {
+    if (pcell.isCached())
+        return {Source::Kind::cacheFile,
+                cacheDirectory.empty() ? "" : platform::joinPath(cacheDirectory, hash)};
+    const std::string file = plugInFile(pcell.evaluator());
+    return {file.empty() ? Source::Kind::process : Source::Kind::plugIn, file};
+}
+
+oa::oaDesign* openSubmaster(const DesignName& name, const oa::oaParamArray& given) {
+    const oa::oaNativeNS names;
+    return oa::oaDesign::open(oa::oaScalarName(names, name.library.c_str()),
+                              oa::oaScalarName(names, name.cell.c_str()),
+                              oa::oaScalarName(names, name.view.c_str()), given);
+}
+
+} // namespace
+
+void PcellErrorLog::onError(oa::oaDesign* design, const oa::oaString& message,
+                            oa::oaPcellErrorTypeEnum type) {
+    constexpr const char* kinds[] = {"bind",  "unbind", "evaluation", "read",
+                                     "write", "size",   "plug-in"};
+    const auto number = static_cast<unsigned>(type);
+    errors_.push_back(
+        {number < std::size(kinds) ? kinds[number] : "error " + std::to_string(number),
+         ovalis::fromOa(message), design == nullptr ? DesignName() : nameOf(*design)});
+}
+
+oa::oaDesign* openExisting(oa::oaLib& library, const std::string& cell, const std::string& view) {
+    if (ovalis::getCellView(library, cell, view) == nullptr)
+        throw std::runtime_error("no cell view \"" + cell + "/" + view + "\"");
+    return ovalis::openDesign(library, cell, view, false);
+}
+
+Pcell::Pcell(oa::oaLib& library, const std::string& cell, const std::string& view)
+    : master_(openExisting(library, cell, view)), name_(nameOf(*master_)) {
+    if (!master_->isSuperMaster())
+        throw std::runtime_error(cell + "/" + view + " is no pcell");
+    oa::oaString evaluator;
+    master_->getPcellEvaluatorName(evaluator);
+    evaluator_ = ovalis::fromOa(evaluator);
+    master_->getParams(defaults_);
+}
+
+bool Pcell::isCached() const {
+    oa::oaPcellDef* def = master_->getPcellDef();
+    return def != nullptr && dynamic_cast<ovalis::VexPcell*>(def->getIPcell()) != nullptr;
+}
+
+Evaluation evaluate(const Pcell& pcell, const oa::oaParamArray& given,
+                    const std::string& cacheDirectory) {
+    const DesignName& name = pcell.name();
+    Evaluation result;
+    result.params = effectiveParams(pcell.defaults(), given);
+    result.hash = ovalis::identifySubmaster(name.library, name.cell, name.view, result.params).hash;
+    result.source = sourceOf(pcell, result.hash, cacheDirectory);
+
+    const PcellErrorLog log;
+    const auto start = std::chrono::steady_clock::now();
+    result.submaster = openSubmaster(name, given);
+    result.time = std::chrono::steady_clock::now() - start;
+    result.errors = log.errors();
+
+    oa::oaBlock* block = result.submaster == nullptr ? nullptr : result.submaster->getTopBlock();
+    if (block != nullptr) {
+        result.shapes = block->getShapes().getCount();
+        oa::oaBox box;
+        block->getBBox(box);
+        if (!box.isInverted())
+            result.box = box;
+    }
+    return result;
+}
+
+} // namespace evaluation
