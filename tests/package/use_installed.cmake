@@ -9,6 +9,19 @@ function(run)
     set(output "${text}" PARENT_SCOPE)
 endfunction()
 
+# expect_spiral(<ovalis>): the plug-in built outside the tree draws a pcell for the installed command.
+function(expect_spiral ovalis)
+    file(REMOVE_RECURSE ${tree}/coils)
+    run(${launch} ${ovalis} pcell ${tree}/coils spiral layout spiral --param shape:string=square
+        --param turns:int=2 --param width:double=10 --param spacing:double=5
+        --param innerDiameter:double=100 --param layer:int=8 --param viaLayer:int=7
+        --param underpassLayer:int=6)
+    run(${launch} ${ovalis} evaluate ${tree}/coils spiral layout)
+    if(NOT output MATCHES "shapes       5\r?\nbox          -105 -75 105 75 ")
+        message(FATAL_ERROR "${ovalis} evaluated the spiral to:\n${output}")
+    endif()
+endfunction()
+
 # expect_consumer(<program>): it must make a library, list it, and be refused a missing one.
 function(expect_consumer program)
     file(REMOVE_RECURSE ${tree}/library)
@@ -58,6 +71,13 @@ configure(${consumer} ${tree}/cmake)
 expect_consumer(${tree}/cmake/consumer${suffix})
 
 run(${launch} ${prefix}/${bindir}/ovalis${suffix} --version)
+
+run(${CMAKE_COMMAND} -S ${spiral} -B ${tree}/spiral -G ${generator} -DCMAKE_BUILD_TYPE=Release
+    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_ROOT_PATH=${prefix} -DCMAKE_CXX_FLAGS=${flags}
+    -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DCMAKE_CXX_COMPILER=${compiler})
+run(${CMAKE_COMMAND} --build ${tree}/spiral)
+set(ENV{OA_PLUGIN_PATH} ${tree}/spiral/plugins)
+expect_spiral(${prefix}/${bindir}/ovalis${suffix})
 
 # A plug-in is found by the variable, and in the installation.
 configure(${plug_in} ${tree}/plug_in)

@@ -1,4 +1,4 @@
-#include "geometry.h"
+#include "examples/pcells/spiral/geometry.h"
 
 #include <algorithm>
 #include <cmath>

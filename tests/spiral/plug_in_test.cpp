@@ -5,11 +5,11 @@
 
 #include <oa/oaCommon.h>
 
-#include "geometry.h"
+#include "examples/pcells/spiral/geometry.h"
+#include "examples/pcells/spiral/values.h"
 #include "support/environment_override.h"
 #include "support/library_fixture.h"
 #include "support/places.h"
-#include "values.h"
 
 namespace spiral {
 namespace {

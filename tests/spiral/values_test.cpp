@@ -1,4 +1,4 @@
-#include "values.h"
+#include "examples/pcells/spiral/values.h"
 
 #include <limits>
 #include <stdexcept>
