@@ -31,12 +31,17 @@ const oaChar* typeName(const Database& database, const ObjectRef& ref) {
 
 } // namespace
 
+bool isTransient(const Database& database, const ObjectRef& object) {
+    const TableBase* table = database.table(object.table);
+    return table && table->id().kind == kTransientKind;
+}
+
 Properties::Properties(Database& database)
     : database_(database), table_(database.addTable<PropRecord>(kPropTable)) {}
 
 oaProp* Properties::create(const ObjectRef& owner, const char* name, PropKind kind,
                            const PropPayload& value) {
-    if (!database_.holdsProperties())
+    if (!database_.holdsProperties() || isTransient(database_, owner))
         throw oaError(oacInvalidObjForProp, typeName(database_, owner));
     database_.edit();
     const StringId id = database_.strings.intern(name);

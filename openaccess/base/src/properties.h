@@ -86,6 +86,9 @@ private:
     }
 };
 
+/// True for an object that files leave out, so that nothing stored may be attached to it.
+bool isTransient(const Database& database, const ObjectRef& object);
+
 /// The properties of one database.
 class Properties {
 public:

@@ -32,6 +32,13 @@ struct ParamInst {
     std::uint32_t operator()(const InstParamRecord& param) const { return param.inst; }
 };
 
+/// The instances of a master. Implicit ones belong to no master, but to their vector.
+struct InstMaster {
+    std::uint32_t operator()(const InstRecord& inst) const {
+        return inst.isImplicit() ? kNone : inst.master;
+    }
+};
+
 /// The slots of one table that belong to the slots of another: terminals of nets, pins of
 /// terminals. `Owner` answers the owner of a record.
 template <class Record, class Owner>
@@ -47,12 +54,21 @@ public:
         catchUp();
         return chains_.first(owner) != kNone;
     }
+    std::uint32_t count(std::uint32_t owner) {
+        catchUp();
+        return chains_.count(owner);
+    }
+    /// The first one, or kNone.
+    std::uint32_t first(std::uint32_t owner) {
+        catchUp();
+        return chains_.first(owner);
+    }
     /// To be called before a record changes its owner or is destroyed.
     void remove(std::uint32_t slot) {
         catchUp();
         chains_.remove(Owner()(table_[slot]), slot);
     }
-    /// To be called after a record has changed its owner.
+    /// To be called after a record has changed its owner; remove() came before.
     void insert(std::uint32_t slot) { chains_.append(Owner()(table_[slot]), slot); }
 
 private:

@@ -3,9 +3,13 @@
 #include "base/src/source.h"
 #include "design/src/instance_edit.h"
 #include "design/src/names.h"
+#include "design/src/new_inst.h"
 #include "design/src/open_designs.h"
 #include "design/src/shape_edit.h"
+#include "design/src/vector_insts.h"
 #include "oa/oaDesignException.h"
+#include "oa/oaInstHeader.h"
+#include "oa/oaInstTerm.h"
 #include "oa/oaParamArray.h"
 #include "oa/oaTransform.h"
 
@@ -25,11 +29,6 @@ void place(InstRecord& inst, const oaTransform& xform) {
     inst.orient = std::uint8_t(oaOrientEnum(xform.orient()));
 }
 
-InstRecord& editedInst(oaObject* inst) {
-    edited(inst);
-    return recordOf<InstRecord>(inst);
-}
-
 DesignNames masterNames(const oaInst* inst) {
     return designDatabaseOf(inst).instances.namesOf(recordOf<InstRecord>(inst).master);
 }
@@ -41,7 +40,7 @@ namespace impl {
 void moveInst(oaObject* inst, const oaTransform& xform) {
     InstRecord& record = editedInst(inst);
     place(record, oaTransform(transformOf(record), xform));
-    if (!record.isArray)
+    if (!record.isArray())
         return;
     // Rows and columns keep running along the axes, in the direction in which they are carried.
     const oaPoint column(oaPoint(record.dX, 0), oaTransform(xform.orient()));
@@ -53,41 +52,72 @@ void moveInst(oaObject* inst, const oaTransform& xform) {
         std::swap(record.rows, record.cols);
 }
 
-oaFig* copyInst(const oaObject* inst, const oaTransform& xform, DesignDatabase& to) {
-    DesignDatabase& from = designDatabaseOf(inst);
-    InstRecord record = recordOf<InstRecord>(inst);
+namespace {
+
+/// An automatic name for a copy of an instance, with the indices of the original.
+std::string automaticNameLike(const oaInst* inst, InstKind kind, Instances& to) {
+    std::string name = to.names.automaticName("I__");
+    if (kind != InstKind::Vector && kind != InstKind::VectorBit)
+        return name;
+    const InstRange range = rangeOf(nameOf(inst));
+    const auto indexed = [&] {
+        return range.isVector ? rangeName(name, range.start, range.stop)
+                              : bitName(name, range.start);
+    };
+    while (to.names.find(indexed()) != kNone)
+        name = to.names.automaticName("I__");
+    return indexed();
+}
+
+} // namespace
+
+oaFig* copyInst(const oaObject* original, const oaTransform& xform, DesignDatabase& to) {
+    DesignDatabase& from = designDatabaseOf(original);
+    const auto* inst = static_cast<const oaInst*>(original);
+    InstRecord record = shownInst(inst);
+    if (recordOf<InstRecord>(inst).isImplicit())
+        record.kind = InstKind::Scalar;
+    const std::string name = automaticNameLike(inst, record.kind, to.instances);
+    if (record.isVector())
+        requireFreeBits(to, name, {});
     record.master = to.instances.master(from.instances.namesOf(record.master));
-    record.name = to.strings.intern(to.instances.names.automaticName("I__"));
+    record.name = to.strings.intern(name);
     oaParamArray params;
-    static_cast<const oaInst*>(inst)->getParams(params);
-    auto* copy = static_cast<oaInst*>(to.instances.insts.handle(to.instances.insts.add(record)));
+    inst->getParams(params);
+    const std::uint32_t slot = to.instances.insts.add(record);
+    to.instances.setParams(slot, params);
+    if (record.isVector())
+        to.instances.addBits(slot);
+    auto* copy = static_cast<oaInst*>(to.instances.insts.handle(slot));
     moveInst(copy, xform);
-    to.instances.setParams(slotOf(copy), params);
     return copy;
 }
 
 } // namespace impl
 
 oaDesign* oaRef::getMaster() const {
-    return designDatabaseOf(this).instances.bind(recordOf<InstRecord>(this).master);
+    return designDatabaseOf(this).instances.masterOf(slotOf(this));
 }
 
 oaBoolean oaRef::isBound() const {
-    return designDatabaseOf(this).instances.boundMaster(recordOf<InstRecord>(this).master) !=
-           nullptr;
+    return designDatabaseOf(this).instances.boundMasterOf(slotOf(this)) != nullptr;
+}
+
+oaRefHeader* oaRef::getHeader() const {
+    return static_cast<const oaInst*>(this)->getHeader(); // all references are instances
 }
 
 void oaRef::getOrigin(oaPoint& origin) const {
-    const InstRecord& inst = recordOf<InstRecord>(this);
+    const InstRecord& inst = shownInst(this);
     origin = oaPoint(inst.x, inst.y);
 }
 
 oaOrient oaRef::getOrient() const {
-    return oaOrientEnum(recordOf<InstRecord>(this).orient);
+    return oaOrientEnum(shownInst(this).orient);
 }
 
 void oaRef::getTransform(oaTransform& xform) const {
-    xform = transformOf(recordOf<InstRecord>(this));
+    xform = transformOf(shownInst(this));
 }
 
 void oaRef::setOrigin(const oaPoint& origin) {
@@ -110,20 +140,18 @@ oaInst* oaInst::find(const oaBlock* block, const oaSimpleName& name) {
     return slot == kNone ? nullptr : static_cast<oaInst*>(instances.insts.handle(slot));
 }
 
-namespace {
-
-const char* nameOf(const oaInst* inst) {
-    return databaseOf(inst).strings.chars(recordOf<InstRecord>(inst).name);
-}
-
-} // namespace
-
 void oaInst::getName(oaSimpleName& name) const {
-    name = scalarName(nameOf(this));
+    if (const InstKind kind = recordOf<InstRecord>(this).kind;
+        kind == InstKind::Scalar || kind == InstKind::Array)
+        name = scalarName(nameOf(this));
+    else
+        name = simpleName(nameOf(this));
 }
 
 void oaInst::getName(const oaNameSpace& ns, oaString& name) const {
-    spell(nameOf(this), ns, name);
+    oaSimpleName simple;
+    getName(simple);
+    simple.get(ns, name);
 }
 
 void oaInst::getLibName(oaScalarName& libName) const {
@@ -151,17 +179,38 @@ void oaInst::getViewName(const oaNameSpace& ns, oaString& viewName) const {
 }
 
 oaUInt4 oaInst::getNumBits() const {
-    slotOf(this);
-    return 1;
+    return recordOf<InstRecord>(this).isVector() ? rangeOf(nameOf(this)).bits() : 1;
 }
 
 oaBoolean oaInst::isImplicit() const {
-    slotOf(this);
-    return false;
+    return recordOf<InstRecord>(this).isImplicit();
+}
+
+oaInstHeader* oaInst::getHeader() const {
+    Instances& instances = designDatabaseOf(this).instances;
+    const std::uint32_t slot = instances.explicitOf(slotOf(this));
+    const std::uint32_t master = instances.insts[slot].master;
+    if (instances.isPcell(master))
+        return static_cast<oaInstHeader*>(
+            instances.subHeaders.table.handle(instances.subHeaders.of(slot)));
+    return static_cast<oaInstHeader*>(instances.masters.handle(master));
+}
+
+oaCollection<oaInstTerm, oaInst> oaInst::getInstTerms(oaUInt4 /*filterFlags*/) const {
+    // All of them were made by the application.
+    InstTerms& terms = designDatabaseOf(this).instances.terms;
+    std::vector<oaObject*> own;
+    for (const std::uint32_t slot : terms.ofInst.of(slotOf(this)))
+        own.push_back(terms.table.handle(slot));
+    return collectionOf<oaCollection<oaInstTerm, oaInst>>(std::move(own));
+}
+
+oaBoolean oaInst::usesTermPositions() const {
+    return designDatabaseOf(this).instances.terms.usesPositions(slotOf(this));
 }
 
 oaPlacementStatus oaInst::getPlacementStatus() const {
-    return oaPlacementStatusEnum(recordOf<InstRecord>(this).status);
+    return oaPlacementStatusEnum(shownInst(this).status);
 }
 
 void oaInst::setPlacementStatus(oaPlacementStatus status) {
@@ -177,130 +226,46 @@ oaBoolean oaInst::findParam(const oaString& name, oaParam& param) const {
 }
 
 void oaInst::setParams(const oaParamArray& params) {
+    requireExplicitInst(this);
     designDatabaseOf(this).requireEditable();
     requireParamsOf(findOpenDesign(masterNames(this)), params);
-    edited(this).instances.setParams(slotOf(this), params);
+    Instances& instances = edited(this).instances;
+    const bool wasBound = instances.boundMasterOf(slotOf(this)) != nullptr;
+    instances.setParams(slotOf(this), params);
+    if (wasBound)
+        instances.masterOf(slotOf(this));
 }
 
 void oaInst::setMaster(const oaDesign* master) {
+    requireNoSubmasterGiven(master);
+    requireExplicitInst(this);
     Instances& instances = edited(this).instances;
     const std::uint32_t slot = instances.master(designDatabaseOf(master).names());
-    recordOf<InstRecord>(this).master = slot;
+    instances.setMaster(slotOf(this), slot);
     instances.bind(slot, designDatabaseOf(master).design());
+    instances.masterOf(slotOf(this));
 }
 
 void oaInst::setMaster(const oaScalarName& libName, const oaScalarName& cellName,
                        const oaScalarName& viewName) {
+    requireExplicitInst(this);
     Instances& instances = edited(this).instances;
-    recordOf<InstRecord>(this).master = instances.master(designNames(libName, cellName, viewName));
+    instances.setMaster(slotOf(this),
+                        instances.master(designNames(libName, cellName, viewName)));
 }
-
-namespace {
-
-/// What all forms of create() have in common.
-struct NewInst {
-    oaBlock* block;
-    DesignNames master;
-    oaDesign* open; // the master when it was given, not named
-    const oaTransform& xform;
-    const oaParamArray* params;
-    oaPlacementStatus status;
-    InstRecord record{};
-};
-
-NewInst masterOf(oaBlock* block, oaDesign* master, const oaTransform& xform,
-                 const oaParamArray* params, oaPlacementStatus status) {
-    return {block, designDatabaseOf(master).names(), master, xform, params, status};
-}
-
-void requireFreeName(DesignDatabase& database, std::string_view name) {
-    if (name.empty())
-        throw oaDesignError(oacInvalidInstName, "", "it is empty");
-    if (database.instances.names.find(name) != kNone)
-        throw oaDesignError(oacInstNameExists, std::string(name).c_str());
-}
-
-oaInst* createInst(NewInst inst, std::string_view name) {
-    DesignDatabase& database = designDatabaseOf(inst.block);
-    requireFreeName(database, name);
-    database.requireEditable();
-    if (inst.params)
-        requireParamsOf(inst.open ? inst.open : findOpenDesign(inst.master), *inst.params);
-    database.edit();
-    Instances& instances = database.instances;
-    inst.record.name = database.strings.intern(name);
-    inst.record.master = instances.master(inst.master);
-    inst.record.status = std::uint8_t(inst.status);
-    place(inst.record, inst.xform);
-    if (inst.open)
-        instances.bind(inst.record.master, inst.open);
-    const std::uint32_t slot = instances.insts.add(inst.record);
-    if (inst.params)
-        instances.setParams(slot, *inst.params);
-    return static_cast<oaInst*>(instances.insts.handle(slot));
-}
-
-oaInst* createInst(NewInst inst) {
-    const std::string name = designDatabaseOf(inst.block).instances.names.automaticName("I__");
-    return createInst(std::move(inst), name);
-}
-
-NewInst visible(NewInst inst, oaBlockDomainVisibility view) {
-    inst.record.visibility = std::uint8_t(view);
-    return inst;
-}
-
-void requireSome(oaUInt4 numRows, oaUInt4 numCols) {
-    if (numRows == 0 || numCols == 0)
-        throw oaDesignError(oacArrayInstEmpty, numRows, numCols);
-}
-
-NewInst array(NewInst inst, oaOffset dX, oaOffset dY, oaUInt4 numRows, oaUInt4 numCols) {
-    requireSome(numRows, numCols);
-    inst.record.isArray = 1;
-    inst.record.dX = dX;
-    inst.record.dY = dY;
-    inst.record.rows = numRows;
-    inst.record.cols = numCols;
-    return inst;
-}
-
-template <class Class>
-Class* findInst(const oaBlock* block, const oaScalarName& name) {
-    return dynamic_cast<Class*>(oaInst::find(block, name));
-}
-
-oaBoolean isFreeName(const oaBlock* block, const oaScalarName& name) {
-    return !name.isEmpty() && !oaInst::find(block, name);
-}
-
-void rename(oaInst* inst, const oaScalarName& name) {
-    DesignDatabase& database = designDatabaseOf(inst);
-    const std::string_view text = internalName(name);
-    if (text == nameOf(inst))
-        return;
-    requireFreeName(database, text);
-    database.edit();
-    database.instances.names.remove(slotOf(inst));
-    recordOf<InstRecord>(inst).name = database.strings.intern(text);
-    database.instances.names.insert(slotOf(inst));
-    database.noteGarbage();
-}
-
-} // namespace
 
 oaScalarInst* oaScalarInst::create(oaBlock* block, oaDesign* master, const oaScalarName& name,
                                    const oaTransform& xform, const oaParamArray* params,
                                    oaBlockDomainVisibility view, oaPlacementStatus status) {
     return static_cast<oaScalarInst*>(createInst(
-        visible(masterOf(block, master, xform, params, status), view), internalName(name)));
+        visible(newInst(block, master, xform, params, status), view), internalName(name)));
 }
 
 oaScalarInst* oaScalarInst::create(oaBlock* block, oaDesign* master, const oaTransform& xform,
                                    const oaParamArray* params, oaBlockDomainVisibility view,
                                    oaPlacementStatus status) {
     return static_cast<oaScalarInst*>(
-        createInst(visible(masterOf(block, master, xform, params, status), view)));
+        createInst(visible(newInst(block, master, xform, params, status), view)));
 }
 
 oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
@@ -308,19 +273,19 @@ oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
                                    const oaScalarName& name, const oaTransform& xform,
                                    const oaParamArray* params, oaBlockDomainVisibility view,
                                    oaPlacementStatus status) {
-    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
-                 {}};
+    const NewInst inst =
+        newInst(block, libName, cellName, viewName, xform, params, status);
     return static_cast<oaScalarInst*>(
-        createInst(visible(std::move(inst), view), internalName(name)));
+        createInst(visible(inst, view), internalName(name)));
 }
 
 oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
                                    const oaScalarName& cellName, const oaScalarName& viewName,
                                    const oaTransform& xform, const oaParamArray* params,
                                    oaBlockDomainVisibility view, oaPlacementStatus status) {
-    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
-                 {}};
-    return static_cast<oaScalarInst*>(createInst(visible(std::move(inst), view)));
+    const NewInst inst =
+        newInst(block, libName, cellName, viewName, xform, params, status);
+    return static_cast<oaScalarInst*>(createInst(visible(inst, view)));
 }
 
 oaScalarInst* oaScalarInst::find(const oaBlock* block, const oaScalarName& name) {
@@ -328,7 +293,7 @@ oaScalarInst* oaScalarInst::find(const oaBlock* block, const oaScalarName& name)
 }
 
 oaBoolean oaScalarInst::isValidName(const oaBlock* block, const oaScalarName& name) {
-    return isFreeName(block, name);
+    return !name.isEmpty() && !oaInst::find(block, name);
 }
 
 void oaScalarInst::getName(oaScalarName& name) const {
@@ -336,115 +301,7 @@ void oaScalarInst::getName(oaScalarName& name) const {
 }
 
 void oaScalarInst::setName(const oaScalarName& name) {
-    rename(this, name);
-}
-
-oaArrayInst* oaArrayInst::create(oaBlock* block, oaDesign* master, const oaScalarName& name,
-                                 const oaTransform& xform, oaOffset dX, oaOffset dY,
-                                 oaUInt4 numRows, oaUInt4 numCols, const oaParamArray* params,
-                                 oaPlacementStatus status) {
-    return static_cast<oaArrayInst*>(
-        createInst(array(masterOf(block, master, xform, params, status), dX, dY, numRows, numCols),
-                   internalName(name)));
-}
-
-oaArrayInst* oaArrayInst::create(oaBlock* block, oaDesign* master, const oaTransform& xform,
-                                 oaOffset dX, oaOffset dY, oaUInt4 numRows, oaUInt4 numCols,
-                                 const oaParamArray* params, oaPlacementStatus status) {
-    return static_cast<oaArrayInst*>(createInst(
-        array(masterOf(block, master, xform, params, status), dX, dY, numRows, numCols)));
-}
-
-oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
-                                 const oaScalarName& cellName, const oaScalarName& viewName,
-                                 const oaScalarName& name, const oaTransform& xform, oaOffset dX,
-                                 oaOffset dY, oaUInt4 numRows, oaUInt4 numCols,
-                                 const oaParamArray* params, oaPlacementStatus status) {
-    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
-                 {}};
-    return static_cast<oaArrayInst*>(
-        createInst(array(std::move(inst), dX, dY, numRows, numCols), internalName(name)));
-}
-
-oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
-                                 const oaScalarName& cellName, const oaScalarName& viewName,
-                                 const oaTransform& xform, oaOffset dX, oaOffset dY,
-                                 oaUInt4 numRows, oaUInt4 numCols, const oaParamArray* params,
-                                 oaPlacementStatus status) {
-    NewInst inst{block, designNames(libName, cellName, viewName), nullptr, xform, params, status,
-                 {}};
-    return static_cast<oaArrayInst*>(createInst(array(std::move(inst), dX, dY, numRows, numCols)));
-}
-
-oaArrayInst* oaArrayInst::find(const oaBlock* block, const oaScalarName& name) {
-    return findInst<oaArrayInst>(block, name);
-}
-
-oaBoolean oaArrayInst::isValidName(const oaBlock* block, const oaScalarName& name) {
-    return isFreeName(block, name);
-}
-
-void oaArrayInst::getName(oaScalarName& name) const {
-    name = scalarName(nameOf(this));
-}
-
-void oaArrayInst::setName(const oaScalarName& name) {
-    rename(this, name);
-}
-
-oaOffset oaArrayInst::getDX() const {
-    return recordOf<InstRecord>(this).dX;
-}
-
-oaOffset oaArrayInst::getDY() const {
-    return recordOf<InstRecord>(this).dY;
-}
-
-oaUInt4 oaArrayInst::getNumRows() const {
-    return recordOf<InstRecord>(this).rows;
-}
-
-oaUInt4 oaArrayInst::getNumCols() const {
-    return recordOf<InstRecord>(this).cols;
-}
-
-void oaArrayInst::setDX(oaOffset dX) {
-    editedInst(this).dX = dX;
-}
-
-void oaArrayInst::setDY(oaOffset dY) {
-    editedInst(this).dY = dY;
-}
-
-void oaArrayInst::setNumRows(oaUInt4 numRows) {
-    requireSome(numRows, getNumCols());
-    editedInst(this).rows = numRows;
-}
-
-void oaArrayInst::setNumCols(oaUInt4 numCols) {
-    requireSome(getNumRows(), numCols);
-    editedInst(this).cols = numCols;
-}
-
-namespace {
-
-/// How far one of an array lies from the first.
-oaPoint stepTo(const InstRecord& array, oaUInt4 row, oaUInt4 col) {
-    return {oaCoord(oaInt8(array.dX) * col), oaCoord(oaInt8(array.dY) * row)};
-}
-
-} // namespace
-
-void oaArrayInst::getBBox(oaUInt4 row, oaUInt4 col, oaBox& bBox) const {
-    Instances& instances = designDatabaseOf(this).instances;
-    bBox = instances.boxOfOne(slotOf(this));
-    if (!bBox.isInverted())
-        bBox.transform(stepTo(recordOf<InstRecord>(this), row, col));
-}
-
-void oaArrayInst::getTransform(oaUInt4 row, oaUInt4 col, oaTransform& xform) const {
-    oaRef::getTransform(xform);
-    xform.offset() += stepTo(recordOf<InstRecord>(this), row, col);
+    renameInst(this, internalName(name));
 }
 
 } // namespace OpenAccess_4

@@ -27,9 +27,32 @@ private:
 
 } // namespace
 
+oaTypeEnum InstRecord::type() const {
+    switch (kind) {
+    case InstKind::Array:
+        return oacArrayInstType;
+    case InstKind::Vector:
+        return oacVectorInstType;
+    case InstKind::VectorBit:
+    case InstKind::ImplicitBit:
+        return oacVectorInstBitType;
+    default:
+        return oacScalarInstType;
+    }
+}
+
 oaObject* InstRecord::construct(void* where) const {
-    return isArray ? Handles::construct<oaArrayInst>(where)
-                   : Handles::construct<oaScalarInst>(where);
+    switch (kind) {
+    case InstKind::Array:
+        return Handles::construct<oaArrayInst>(where);
+    case InstKind::Vector:
+        return Handles::construct<oaVectorInst>(where);
+    case InstKind::VectorBit:
+    case InstKind::ImplicitBit:
+        return Handles::construct<oaVectorInstBit>(where);
+    default:
+        return Handles::construct<oaScalarInst>(where);
+    }
 }
 
 Instances::Instances(DesignDatabase& database)
@@ -38,6 +61,9 @@ Instances::Instances(DesignDatabase& database)
       params(database.addTable<InstParamRecord>(kInstParamTable)),
       names(database, insts),
       instParams(params),
+      masterInsts(insts),
+      terms(database),
+      subHeaders(database),
       database_(database) {}
 
 std::uint32_t Instances::master(const DesignNames& design) {
@@ -79,41 +105,93 @@ void Instances::bind(std::uint32_t master, oaDesign* design) {
     bound_[master] = design;
 }
 
+bool Instances::isPcell(std::uint32_t master) {
+    if (const oaDesign* design = boundMaster(master))
+        return designDatabaseOf(design).pcell.isDefined();
+    // Only instances of pcells are given parameters.
+    if (params.live() == 0)
+        return false;
+    for (const std::uint32_t inst : masterInsts.of(master))
+        if (instParams.any(inst))
+            return true;
+    return false;
+}
+
+oaDesign* Instances::boundMasterOf(std::uint32_t inst) {
+    const std::uint32_t slot = explicitOf(inst);
+    oaDesign* design = boundMaster(insts[slot].master);
+    if (!design || !designDatabaseOf(design).pcell.isDefined())
+        return design;
+    return subHeaders.bound(subHeaders.of(slot));
+}
+
+oaDesign* Instances::masterOf(std::uint32_t inst) {
+    const std::uint32_t slot = explicitOf(inst);
+    oaDesign* design = bind(insts[slot].master);
+    if (!design || !designDatabaseOf(design).pcell.isDefined())
+        return design;
+    const std::uint32_t sub = subHeaders.of(slot);
+    if (oaDesign* submaster = subHeaders.bound(sub))
+        return submaster;
+    oaDesign* submaster = bindSub(slot, design);
+    if (submaster)
+        subHeaders.bind(sub, submaster);
+    return submaster;
+}
+
 std::vector<oaDesign*> Instances::boundMasters() const {
-    std::vector<oaDesign*> designs;
+    std::vector<oaDesign*> designs = subHeaders.boundDesigns();
     for (std::uint32_t master = 0; master < bound_.size(); ++master)
         if (oaDesign* design = boundMaster(master))
             designs.push_back(design);
     return designs;
 }
 
-bool Instances::isBoundTo(const oaDesign* design) const {
-    for (std::uint32_t master = 0; master < bound_.size(); ++master) {
-        if (bound_[master] != design)
-            continue;
-        for (std::uint32_t slot = 0; slot < insts.slots(); ++slot)
-            if (insts.isLive(slot) && insts[slot].master == master)
-                return true;
-    }
+bool Instances::isBoundTo(const oaDesign* design) {
+    if (subHeaders.isBoundTo(design))
+        return true;
+    for (std::uint32_t master = 0; master < bound_.size(); ++master)
+        if (bound_[master] == design && masterInsts.any(master))
+            return true;
     return false;
 }
 
+void Instances::setMaster(std::uint32_t slot, std::uint32_t master) {
+    subHeaders.forget(slot);
+    masterInsts.remove(slot);
+    insts[slot].master = master;
+    masterInsts.insert(slot);
+    if (insts[slot].isVector())
+        for (const std::uint32_t bit : bitsOf(slot))
+            insts[bit].master = master;
+}
+
 void Instances::destroy(std::uint32_t slot) {
+    if (insts[slot].isVector())
+        for (const std::uint32_t bit : bitsOf(slot))
+            if (bit != kNone) // it went already, when everything is destroyed
+                database_.destroyFig({kInstTable, bit});
+    subHeaders.forget(slot);
+    terms.destroyOfInst(slot);
     clearParams(slot);
     database_.forgetAttachments({kInstTable, slot});
     names.remove(slot);
+    masterInsts.remove(slot);
     insts.destroy(slot);
 }
 
 oaBox Instances::extent() {
     oaBox box = emptyBox();
-    insts.forEach([&](std::uint32_t slot, const InstRecord&) { enlarge(box, boxOf(slot)); });
+    insts.forEach([&](std::uint32_t slot, const InstRecord& inst) {
+        if (!inst.isImplicit())
+            enlarge(box, boxOf(slot));
+    });
     return box;
 }
 
 oaBox Instances::boxOfOne(std::uint32_t slot) {
-    const InstRecord inst = insts[slot];
-    const oaDesign* master = bind(inst.master);
+    const InstRecord inst = insts[explicitOf(slot)];
+    const oaDesign* master = masterOf(slot);
     const Measuring guard(database_.measuring);
     oaBox box = master ? designDatabaseOf(master).extent() : emptyBox();
     if (!box.isInverted())
@@ -124,7 +202,7 @@ oaBox Instances::boxOfOne(std::uint32_t slot) {
 oaBox Instances::boxOf(std::uint32_t slot) {
     const oaBox box = boxOfOne(slot);
     const InstRecord& inst = insts[slot];
-    if (box.isInverted() || !inst.isArray)
+    if (box.isInverted() || !inst.isArray())
         return box;
     const double dX = double(inst.dX) * (inst.cols - 1);
     const double dY = double(inst.dY) * (inst.rows - 1);
@@ -141,12 +219,13 @@ void Instances::dropUnusedMasters() {
         if (used[slot])
             return;
         masterSlots_.erase({master.lib, master.cell, master.view});
+        database_.forgetAttachments({kMasterTable, slot});
         masters.destroy(slot);
     });
 }
 
 bool Instances::isSound() {
-    return names.isSound();
+    return names.isSound() && terms.isSound() && areVectorsSound();
 }
 
 } // namespace OpenAccess_4::impl

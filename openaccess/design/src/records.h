@@ -5,6 +5,8 @@
 #include "design/src/table_numbers.h"
 #include "oa/oaBlock.h"
 #include "oa/oaInst.h"
+#include "oa/oaInstHeader.h"
+#include "oa/oaInstTerm.h"
 #include "oa/oaLPPHeader.h"
 #include "oa/oaNet.h"
 #include "oa/oaOrient.h"
@@ -134,14 +136,14 @@ struct PinRecord {
     }
 };
 
-/// The names of a master, shared by all its instances.
+/// The names of a master, shared by all its instances, which the public header lists.
 struct MasterRecord {
     StringId lib = 0;
     StringId cell = 0;
     StringId view = 0;
 
-    using Handle = oaObject;
-    static constexpr oaTypeEnum kType = oacUnknownType;
+    using Handle = oaInstHeader;
+    static constexpr oaTypeEnum kType = oacInstHeaderType;
 
     template <class Self, class Visitor>
     static void describe(Self& self, Visitor& visitor) {
@@ -151,21 +153,45 @@ struct MasterRecord {
     }
 };
 
+/// The instances of a master that were given the same parameters. Not stored.
+struct SubHeaderRecord {
+    std::uint32_t master = 0;
+    const std::string* params = nullptr; // what they are found by
+    oaDesign* bound = nullptr;           // the submaster; no longer valid when it is purged
+
+    using Handle = oaInstHeader;
+    static constexpr oaTypeEnum kType = oacInstHeaderType;
+};
+
+enum class InstKind : std::uint8_t {
+    Scalar,
+    Array,
+    Vector,
+    VectorBit,
+    ImplicitBit, // of a vector, which it shows in everything but its name
+    Count
+};
+
 struct InstRecord {
-    StringId name = 0;
+    StringId name = 0; // of vectors and bits with their indices
     std::uint32_t master = 0;
     std::int32_t x = 0;
     std::int32_t y = 0;
-    std::int32_t dX = 0; // the last four are zero for scalar instances
+    std::int32_t dX = 0; // the last four are of arrays, and zero for other instances
     std::int32_t dY = 0;
-    std::uint32_t rows = 0;
+    std::uint32_t rows = 0; // of an implicit bit, the slot of its vector
     std::uint32_t cols = 0;
     std::uint8_t orient = oacR0;
-    std::uint8_t isArray = 0;
+    InstKind kind = InstKind::Scalar;
     std::uint8_t status = oacNonePlacementStatus;
     std::uint8_t visibility = oacInheritFromTopBlock;
 
-    oaTypeEnum type() const { return isArray ? oacArrayInstType : oacScalarInstType; }
+    bool isArray() const { return kind == InstKind::Array; }
+    bool isVector() const { return kind == InstKind::Vector; }
+    bool isImplicit() const { return kind == InstKind::ImplicitBit; }
+    std::uint32_t vector() const { return rows; }
+
+    oaTypeEnum type() const;
     oaObject* construct(void* where) const;
 
     template <class Self, class Visitor>
@@ -174,10 +200,37 @@ struct InstRecord {
         visitor.require(self.name != 0); // no empty name
         visitor.slot(kMasterTable, self.master);
         visitor.enumerator(self.orient, oacMXR90 + 1);
-        visitor.enumerator(self.isArray, 2);
+        visitor.enumerator(std::uint32_t(self.kind), std::uint32_t(InstKind::Count));
         visitor.enumerator(self.status, oacLockedPlacementStatus + 1);
         visitor.enumerator(self.visibility, oacExcludeFromModuleDomain + 1);
-        visitor.require(bool(self.isArray) == (self.rows > 0 && self.cols > 0));
+        visitor.require(self.isArray() == (self.rows > 0 && self.cols > 0));
+        if (self.isImplicit())
+            visitor.slot(kInstTable, self.rows);
+    }
+};
+
+/// A connection of an instance: to the terminal of its master with that name or, when there is no
+/// name, at that position.
+struct InstTermRecord {
+    std::uint32_t net = kNone;
+    std::uint32_t inst = 0;
+    StringId name = 0;
+    std::uint32_t position = kNone;
+    std::uint8_t visibility = oacInheritFromTopBlock;
+    std::uint8_t reserved[3] = {};
+
+    using Handle = oaInstTerm;
+    static constexpr oaTypeEnum kType = oacInstTermType;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.optionalSlot(kNetTable, self.net);
+        visitor.slot(kInstTable, self.inst);
+        visitor.string(self.name);
+        visitor.require((self.name != 0) != (self.position != kNone));
+        visitor.enumerator(self.visibility, oacExcludeFromModuleDomain + 1);
+        for (const std::uint8_t byte : self.reserved)
+            visitor.require(byte == 0);
     }
 };
 
