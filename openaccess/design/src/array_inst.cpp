@@ -40,8 +40,8 @@ oaArrayInst* oaArrayInst::create(oaBlock* block, oaDesign* master, const oaScala
 oaArrayInst* oaArrayInst::create(oaBlock* block, oaDesign* master, const oaTransform& xform,
                                  oaOffset dX, oaOffset dY, oaUInt4 numRows, oaUInt4 numCols,
                                  const oaParamArray* params, oaPlacementStatus status) {
-    return static_cast<oaArrayInst*>(createInst(
-        array(newInst(block, master, xform, params, status), dX, dY, numRows, numCols)));
+    return static_cast<oaArrayInst*>(
+        createInst(array(newInst(block, master, xform, params, status), dX, dY, numRows, numCols)));
 }
 
 oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
@@ -49,8 +49,7 @@ oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
                                  const oaScalarName& name, const oaTransform& xform, oaOffset dX,
                                  oaOffset dY, oaUInt4 numRows, oaUInt4 numCols,
                                  const oaParamArray* params, oaPlacementStatus status) {
-    const NewInst inst =
-        newInst(block, libName, cellName, viewName, xform, params, status);
+    const NewInst inst = newInst(block, libName, cellName, viewName, xform, params, status);
     return static_cast<oaArrayInst*>(
         createInst(array(inst, dX, dY, numRows, numCols), internalName(name)));
 }
@@ -60,8 +59,7 @@ oaArrayInst* oaArrayInst::create(oaBlock* block, const oaScalarName& libName,
                                  const oaTransform& xform, oaOffset dX, oaOffset dY,
                                  oaUInt4 numRows, oaUInt4 numCols, const oaParamArray* params,
                                  oaPlacementStatus status) {
-    const NewInst inst =
-        newInst(block, libName, cellName, viewName, xform, params, status);
+    const NewInst inst = newInst(block, libName, cellName, viewName, xform, params, status);
     return static_cast<oaArrayInst*>(createInst(array(inst, dX, dY, numRows, numCols)));
 }
 

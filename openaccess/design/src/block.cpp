@@ -81,10 +81,18 @@ oaCollection<oaPin, oaBlock> oaBlock::getPins() const {
         std::vector<TableBase*>{&designDatabaseOf(this).connectivity.pins});
 }
 
-oaCollection<oaInst, oaBlock> oaBlock::getInsts(oaUInt4 /*filterFlags*/) const {
-    // All instances are of one bit and explicit, so that every filter lets them pass.
-    return collectionOf<oaCollection<oaInst, oaBlock>>(
-        std::vector<TableBase*>{&designDatabaseOf(this).instances.insts});
+oaCollection<oaInst, oaBlock> oaBlock::getInsts(oaUInt4 filterFlags) const {
+    Instances& instances = designDatabaseOf(this).instances;
+    // Without vectors, all are of one bit and explicit, so that every filter lets them pass.
+    if (instances.vectors().empty())
+        return collectionOf<oaCollection<oaInst, oaBlock>>(
+            std::vector<TableBase*>{&instances.insts});
+    std::vector<oaObject*> shown;
+    instances.insts.forEach([&](std::uint32_t slot, const InstRecord& inst) {
+        if (!inst.isImplicit())
+            instances.collect(slot, filterFlags, shown);
+    });
+    return collectionOf<oaCollection<oaInst, oaBlock>>(std::move(shown));
 }
 
 oaCollection<oaLayerHeader, oaBlock> oaBlock::getLayerHeaders() const {

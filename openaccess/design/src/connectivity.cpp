@@ -21,6 +21,7 @@ Connectivity::Connectivity(DesignDatabase& database)
 void Connectivity::destroyNet(std::uint32_t slot) {
     for (const std::uint32_t term : netTerms.of(slot))
         destroyTerm(term);
+    database_.instances.terms.clearNet(slot);
     netFigs.removeOwner(slot);
     database_.forgetAttachments({kNetTable, slot});
     netNames.remove(slot);

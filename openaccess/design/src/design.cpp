@@ -2,6 +2,7 @@
 
 #include "base/src/source.h"
 #include "design/src/design_database.h"
+#include "design/src/instance_edit.h"
 #include "design/src/names.h"
 #include "design/src/open_designs.h"
 #include "design/src/shape_edit.h"
@@ -73,6 +74,10 @@ void oaDesign::reopen(oaChar mode) {
 
 void oaDesign::revert() {
     revertDesign(this);
+}
+
+void oaDesign::openHier(oaUInt4 numLevels) {
+    openMastersOf(this, numLevels);
 }
 
 oaChar oaDesign::getMode() const {

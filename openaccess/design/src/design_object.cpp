@@ -28,7 +28,7 @@ oaBlock* oaBlockObject::getBlock() const {
 }
 
 oaBoolean oaBlockObject::isBitInst() const {
-    return isBetween(getType(), oacArrayInstType, oacScalarInstType);
+    return isInst() && getType() != oacVectorInstType;
 }
 
 oaBoolean oaBlockObject::isBitNet() const {

@@ -1,6 +1,7 @@
 #include "oa/oaFig.h"
 
 #include "design/src/instance_edit.h"
+#include "design/src/new_inst.h"
 #include "design/src/shape_edit.h"
 #include "oa/oaBlock.h"
 #include "oa/oaDesign.h"
@@ -82,6 +83,8 @@ oaFig* oaFig::move(const oaTransform& xform, oaBlock* block) {
         return this;
     }
     designDatabaseOf(this).requireEditable();
+    if (isInstance(this))
+        requireExplicitInst(this);
     oaFig* fig = copy(xform, block);
     destroy();
     return fig;
@@ -107,6 +110,8 @@ oaFig* oaFig::copy(const oaTransform& xform, oaDesign* design) const {
 }
 
 void oaFig::destroy() {
+    if (isInstance(this))
+        requireExplicitInst(this);
     edited(this).destroyFig(locationOf(this).ref);
 }
 

@@ -250,8 +250,7 @@ void oaInst::setMaster(const oaScalarName& libName, const oaScalarName& cellName
                        const oaScalarName& viewName) {
     requireExplicitInst(this);
     Instances& instances = edited(this).instances;
-    instances.setMaster(slotOf(this),
-                        instances.master(designNames(libName, cellName, viewName)));
+    instances.setMaster(slotOf(this), instances.master(designNames(libName, cellName, viewName)));
 }
 
 oaScalarInst* oaScalarInst::create(oaBlock* block, oaDesign* master, const oaScalarName& name,
@@ -273,18 +272,15 @@ oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
                                    const oaScalarName& name, const oaTransform& xform,
                                    const oaParamArray* params, oaBlockDomainVisibility view,
                                    oaPlacementStatus status) {
-    const NewInst inst =
-        newInst(block, libName, cellName, viewName, xform, params, status);
-    return static_cast<oaScalarInst*>(
-        createInst(visible(inst, view), internalName(name)));
+    const NewInst inst = newInst(block, libName, cellName, viewName, xform, params, status);
+    return static_cast<oaScalarInst*>(createInst(visible(inst, view), internalName(name)));
 }
 
 oaScalarInst* oaScalarInst::create(oaBlock* block, const oaScalarName& libName,
                                    const oaScalarName& cellName, const oaScalarName& viewName,
                                    const oaTransform& xform, const oaParamArray* params,
                                    oaBlockDomainVisibility view, oaPlacementStatus status) {
-    const NewInst inst =
-        newInst(block, libName, cellName, viewName, xform, params, status);
+    const NewInst inst = newInst(block, libName, cellName, viewName, xform, params, status);
     return static_cast<oaScalarInst*>(createInst(visible(inst, view)));
 }
 

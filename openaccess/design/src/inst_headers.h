@@ -26,11 +26,15 @@ public:
 
     /// The submaster if it is bound, or null.
     oaDesign* bound(std::uint32_t sub) const;
+    /// True also when the submaster is no longer there.
+    bool isBound(std::uint32_t sub) const { return table[sub].bound != nullptr; }
     /// Lets another submaster take the place of the one that is bound; null for none.
     void bind(std::uint32_t sub, oaDesign* submaster);
     /// All submasters that are bound, each once.
     std::vector<oaDesign*> boundDesigns() const;
-    bool isBoundTo(const oaDesign* design) const { return uses_.contains(const_cast<oaDesign*>(design)); }
+    bool isBoundTo(const oaDesign* design) const {
+        return uses_.contains(const_cast<oaDesign*>(design));
+    }
     /// Lets the submasters of a master go.
     void unbind(std::uint32_t master);
 

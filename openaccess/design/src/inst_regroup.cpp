@@ -1,4 +1,6 @@
 #include "design/src/design_database.h"
+#include "design/src/instance_edit.h"
+#include "design/src/open_designs.h"
 #include "design/src/submasters.h"
 #include "oa/oaByteArray.h"
 #include "oa/oaDesign.h"
@@ -158,16 +160,16 @@ bool isEditable(const DesignDatabase& database) {
 void Instances::regroup(std::uint32_t inst, const oaDesign* superMaster) {
     const oaParamArray defaults = defaultsOf(superMaster);
     const oaParamArray before = paramsOf(inst);
-    SortedParams params = sorted(before, defaults);
+    SortedParams given = sorted(before, defaults);
     oaObject* handle = insts.handle(inst);
-    const oaParamArray left = toProps(handle, params.unknown);
-    fromProps(handle, defaults, params.known);
+    const oaParamArray left = toProps(handle, given.unknown);
+    fromProps(handle, defaults, given.known);
     for (oaUInt4 i = 0; i < left.getNumElements(); ++i)
-        params.known.append(left[i]);
-    if (params.known == before)
+        given.known.append(left[i]);
+    if (given.known == before)
         return;
     database_.edit();
-    setParams(inst, params.known);
+    setParams(inst, given.known);
 }
 
 void Instances::regroup(const oaDesign* superMaster) {
@@ -175,12 +177,32 @@ void Instances::regroup(const oaDesign* superMaster) {
     for (std::uint32_t master = 0; master < bound_.size(); ++master) {
         if (bound_[master] != superMaster)
             continue;
+        std::vector<std::uint32_t> wereBound;
+        for (const std::uint32_t sub : subHeaders.ofMaster(master))
+            if (subHeaders.isBound(sub))
+                wereBound.push_back(subHeaders.firstInst(sub));
         subHeaders.unbind(master);
-        if (!editable)
-            continue;
-        for (const std::uint32_t inst : masterInsts.of(master))
-            regroup(inst, superMaster);
+        if (editable)
+            for (const std::uint32_t inst : masterInsts.of(master))
+                regroup(inst, superMaster);
+        for (const std::uint32_t inst : wereBound)
+            masterOf(inst);
     }
+}
+
+namespace {
+
+void regroupIn(Table<OpenDesignRecord>& designs, const oaDesign* superMaster) {
+    for (std::uint32_t slot = 0; slot < designs.slots(); ++slot)
+        if (designs.isLive(slot) && designs[slot].content)
+            designs[slot].content->instances.regroup(superMaster);
+}
+
+} // namespace
+
+void regroupInstancesOf(const oaDesign* superMaster) {
+    regroupIn(openDesigns(), superMaster);
+    regroupIn(openSubmasters(), superMaster);
 }
 
 } // namespace OpenAccess_4::impl

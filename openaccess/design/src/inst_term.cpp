@@ -80,8 +80,7 @@ TermChoice choiceOf(const oaInst* inst, const oaTerm* term) {
 
 bool isOfMaster(const oaTerm* term, const oaInst* inst) {
     Instances& instances = designDatabaseOf(inst).instances;
-    return designDatabaseOf(term).names() ==
-           instances.namesOf(recordOf<InstRecord>(inst).master);
+    return designDatabaseOf(term).names() == instances.namesOf(recordOf<InstRecord>(inst).master);
 }
 
 /// The terminal in a master, or null.
@@ -91,8 +90,9 @@ oaTerm* termIn(const oaDesign* master, const oaInstTerm* instTerm) {
     const InstTermRecord& record = recordOf<InstTermRecord>(instTerm);
     Connectivity& connectivity = designDatabaseOf(master).connectivity;
     const std::uint32_t slot =
-        record.name == 0 ? connectivity.termPositions.find(record.position)
-                         : connectivity.termNames.find(databaseOf(instTerm).strings.text(record.name));
+        record.name == 0
+            ? connectivity.termPositions.find(record.position)
+            : connectivity.termNames.find(databaseOf(instTerm).strings.text(record.name));
     return slot == kNone ? nullptr : static_cast<oaTerm*>(connectivity.terms.handle(slot));
 }
 
@@ -103,8 +103,7 @@ oaInstTerm* oaInstTerm::create(oaNet* net, oaInst* inst, oaTerm* term,
     if (!isOfMaster(term, inst)) {
         oaString name;
         term->getName(oaNativeNS(), name);
-        throw oaDesignError(oacTermNotInInstMaster, static_cast<const oaChar*>(name),
-                            nameOf(inst));
+        throw oaDesignError(oacTermNotInInstMaster, static_cast<const oaChar*>(name), nameOf(inst));
     }
     return createInstTerm(net, inst, choiceOf(inst, term), view);
 }
@@ -147,8 +146,7 @@ oaInst* oaInstTerm::getInst() const {
 
 oaNet* oaInstTerm::getNet() const {
     const std::uint32_t net = recordOf<InstTermRecord>(this).net;
-    return net == kNone ? nullptr
-                        : static_cast<oaNet*>(databaseOf(this).handle({kNetTable, net}));
+    return net == kNone ? nullptr : static_cast<oaNet*>(databaseOf(this).handle({kNetTable, net}));
 }
 
 oaTerm* oaInstTerm::getTerm() const {

@@ -2,10 +2,12 @@
 
 #include "base/src/geometry.h"
 #include "design/src/design_database.h"
+#include "design/src/instance_edit.h"
 #include "design/src/open_designs.h"
 #include "oa/oaInst.h"
 #include "oa/oaTransform.h"
 
+#include <unordered_set>
 #include <utility>
 
 namespace OpenAccess_4::impl {
@@ -67,9 +69,17 @@ Instances::Instances(DesignDatabase& database)
       database_(database) {}
 
 std::uint32_t Instances::master(const DesignNames& design) {
-    const std::array<StringId, 3> key = {database_.strings.intern(design.lib),
-                                         database_.strings.intern(design.cell),
-                                         database_.strings.intern(design.view)};
+    const std::uint32_t known = findMaster(design);
+    if (known != kNone)
+        return known;
+    return masters.add({database_.strings.intern(design.lib), database_.strings.intern(design.cell),
+                        database_.strings.intern(design.view)});
+}
+
+std::uint32_t Instances::findMaster(const DesignNames& design) {
+    const std::array<StringId, 3> key = {database_.strings.find(design.lib),
+                                         database_.strings.find(design.cell),
+                                         database_.strings.find(design.view)};
     for (; indexed_ < masters.slots(); ++indexed_) {
         if (!masters.isLive(indexed_))
             continue;
@@ -77,7 +87,7 @@ std::uint32_t Instances::master(const DesignNames& design) {
         masterSlots_.emplace(std::array{master.lib, master.cell, master.view}, indexed_);
     }
     const auto found = masterSlots_.find(key);
-    return found == masterSlots_.end() ? masters.add({key[0], key[1], key[2]}) : found->second;
+    return found == masterSlots_.end() ? kNone : found->second;
 }
 
 DesignNames Instances::namesOf(std::uint32_t master) const {
@@ -210,6 +220,24 @@ oaBox Instances::boxOf(std::uint32_t slot) {
             nearestCoord(box.bottom() + std::min(dY, 0.0)),
             nearestCoord(box.right() + std::max(dX, 0.0)),
             nearestCoord(box.top() + std::max(dY, 0.0))};
+}
+
+void openMastersOf(oaDesign* design, std::uint32_t levels) {
+    std::unordered_set<oaDesign*> met = {design};
+    std::vector<oaDesign*> level = {design};
+    for (; levels > 0 && !level.empty(); --levels) {
+        std::vector<oaDesign*> next;
+        for (const oaDesign* upper : level) {
+            Instances& instances = designDatabaseOf(upper).instances;
+            for (std::uint32_t slot = 0; slot < instances.insts.slots(); ++slot) {
+                oaDesign* master =
+                    instances.insts.isLive(slot) ? instances.masterOf(slot) : nullptr;
+                if (master && met.insert(master).second)
+                    next.push_back(master);
+            }
+        }
+        level = std::move(next);
+    }
 }
 
 void Instances::dropUnusedMasters() {

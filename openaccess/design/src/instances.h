@@ -31,6 +31,8 @@ public:
 
     /// The slot of a master, which is made when it is new.
     std::uint32_t master(const DesignNames& design);
+    /// The slot of a master, or kNone.
+    std::uint32_t findMaster(const DesignNames& design);
     DesignNames namesOf(std::uint32_t master) const;
 
     // What masters are bound to: for a pcell, the super master.

@@ -105,8 +105,10 @@ oaBoolean oaNet::isImplicit() const {
 }
 
 oaBoolean oaNet::isEmpty() const {
-    Connectivity& connectivity = designDatabaseOf(this).connectivity;
-    return !connectivity.netTerms.any(slotOf(this)) && !connectivity.netFigs.owns(slotOf(this));
+    DesignDatabase& database = designDatabaseOf(this);
+    Connectivity& connectivity = database.connectivity;
+    return !connectivity.netTerms.any(slotOf(this)) && !connectivity.netFigs.owns(slotOf(this)) &&
+           !database.instances.terms.ofNet.any(slotOf(this));
 }
 
 void oaNet::setSigType(const oaSigType& sigType) {

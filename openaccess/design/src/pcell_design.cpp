@@ -1,5 +1,6 @@
 #include "base/src/source.h"
 #include "design/src/design_database.h"
+#include "design/src/instance_edit.h"
 #include "design/src/names.h"
 #include "design/src/open_designs.h"
 #include "design/src/submasters.h"
@@ -44,6 +45,7 @@ void oaDesign::defineSuperMaster(oaPcellDef* def, const oaParamArray& defaults) 
         throw;
     }
     renewSubmasters(this);
+    regroupInstancesOf(this);
 }
 
 void oaDesign::undefineSuperMaster() {
@@ -52,6 +54,7 @@ void oaDesign::undefineSuperMaster() {
     requireNotEvaluated(this);
     pcell.undefine();
     renewSubmasters(this);
+    regroupInstancesOf(this);
 }
 
 oaBoolean oaDesign::isSuperMaster() const {

@@ -109,8 +109,7 @@ oaVectorInstBit* oaVectorInstBit::create(oaBlock* block, oaDesign* master,
 }
 
 oaVectorInstBit* oaVectorInstBit::create(oaBlock* block, const oaScalarName& libName,
-                                         const oaScalarName& cellName,
-                                         const oaScalarName& viewName,
+                                         const oaScalarName& cellName, const oaScalarName& viewName,
                                          const oaScalarName& baseName, oaUInt4 bitIndex,
                                          const oaTransform& xform, const oaParamArray* params,
                                          oaBlockDomainVisibility view, oaPlacementStatus status) {

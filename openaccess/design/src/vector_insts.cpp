@@ -96,8 +96,7 @@ void Instances::rename(std::uint32_t slot, std::string_view name) {
     const bool sameBase = rangeOf(database_.strings.text(insts[slot].name)).base == range.base;
     give(slot, name);
     for (std::size_t bit = 0; bit < former.size(); ++bit) {
-        const std::uint32_t index =
-            rangeOf(database_.strings.text(insts[former[bit]].name)).start;
+        const std::uint32_t index = rangeOf(database_.strings.text(insts[former[bit]].name)).start;
         if (sameBase && range.contains(index))
             continue;
         if (range.contains(index))
@@ -106,6 +105,16 @@ void Instances::rename(std::uint32_t slot, std::string_view name) {
             database_.destroyFig({kInstTable, former[bit]});
     }
     addBits(slot);
+}
+
+void Instances::collect(std::uint32_t slot, std::uint32_t filterFlags,
+                        std::vector<oaObject*>& shown) {
+    const bool isVector = insts[slot].isVector();
+    if (!isVector || !(filterFlags & oacInstIterSingleBit))
+        shown.push_back(insts.handle(slot));
+    if (isVector && !(filterFlags & oacInstIterNotImplicit))
+        for (const std::uint32_t bit : bitsOf(slot))
+            shown.push_back(insts.handle(bit));
 }
 
 bool Instances::areVectorsSound() {

@@ -8,6 +8,8 @@ namespace OpenAccess_4 {
 
 class oaBox;
 class oaInst;
+class oaInstHeader;
+class oaInstTerm;
 class oaLayerHeader;
 class oaLPPHeader;
 class oaNet;
@@ -37,7 +39,12 @@ public:
     oaCollection<oaTerm, oaBlock> getTerms(oaUInt4 filterFlags = oacTermIterAllNotHidden |
                                                                  oacTermIterNotImplicit) const;
     oaCollection<oaPin, oaBlock> getPins() const;
+    /// Bits of vectors are implicit ones; vectors have more than one bit.
     oaCollection<oaInst, oaBlock> getInsts(oaUInt4 filterFlags = oacInstIterNotImplicit) const;
+    oaCollection<oaInstTerm, oaBlock>
+    getInstTerms(oaUInt4 filterFlags = oacInstTermIterNotImplicit) const;
+    /// One for each master. Sub headers lie under those of pcells.
+    oaCollection<oaInstHeader, oaBlock> getInstHeaders() const;
 
     /// The layers and the layer-purpose pairs that something is drawn on.
     oaCollection<oaLayerHeader, oaBlock> getLayerHeaders() const;

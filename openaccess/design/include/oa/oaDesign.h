@@ -83,6 +83,10 @@ public:
     /// Drops all changes since the last save.
     void revert();
 
+    /// Binds all instances, those of the masters they are bound to as well, and so on: that many
+    /// levels, by default all. Masters that cannot be had are left out.
+    void openHier(oaUInt4 numLevels = 0xFFFFFFFF);
+
     /// 's', scratch, for a submaster.
     oaChar getMode() const;
     /// Calls of open() less calls of close(), and the other open designs with an instance that is

@@ -16,6 +16,8 @@
 #include "oa/oaEvalText.h"
 #include "oa/oaFig.h"
 #include "oa/oaInst.h"
+#include "oa/oaInstHeader.h"
+#include "oa/oaInstTerm.h"
 #include "oa/oaLPPHeader.h"
 #include "oa/oaLine.h"
 #include "oa/oaNet.h"

@@ -62,6 +62,11 @@ enum oaDesignMsgIds {
     oacPcellEvaluatesItself,
     oacPcellEvaluationsTooDeep,
     oacPcellBeingEvaluated,
+    oacCannotModifyImplicitInst,
+    oacInstTermExists,
+    oacInstTermNotInSameBlock,
+    oacInstTermsGoAnotherWay,
+    oacTermNotInInstMaster,
     oacPcellSubMasterNotProduced = 1201,
 };
 

@@ -59,15 +59,14 @@ public:
     void getViewName(const oaNameSpace& ns, oaString& viewName) const;
 
     /// The instances; of a super header those of all its sub headers.
-    oaCollection<oaInst, oaInstHeader>
-    getInsts(oaUInt4 filterFlags = oacInstIterNotImplicit) const;
+    oaCollection<oaInst, oaInstHeader> getInsts(oaUInt4 filterFlags = oacInstIterNotImplicit) const;
     /// None when the header is no super header.
     oaCollection<oaInstHeader, oaInstHeader> getSubHeaders() const;
 
     /// The parameters that the instances of a sub header were given; none for other headers.
     void getParams(oaParamArray& params) const;
-    /// With the defaults of the super master, in its order. Opens the super master; when that cannot
-    /// be, these are the ones that were given.
+    /// With the defaults of the super master, in its order. Opens the super master; when that
+    /// cannot be, these are the ones that were given.
     void getAllParams(oaParamArray& params) const;
     /// One of getAllParams().
     oaBoolean findParam(const oaString& name, oaParam& param) const;

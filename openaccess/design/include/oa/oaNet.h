@@ -5,6 +5,7 @@
 
 namespace OpenAccess_4 {
 
+class oaInstTerm;
 class oaName;
 class oaNameSpace;
 class oaPin;
@@ -31,13 +32,15 @@ public:
     oaSigType getSigType() const;
     oaBoolean isGlobal() const;
     oaBoolean isImplicit() const;
-    /// True when the net has no terminal and no figure.
+    /// True when the net has no terminal, no instance terminal and no figure.
     oaBoolean isEmpty() const;
 
     void setSigType(const oaSigType& sigType);
     void setGlobal(oaBoolean isGlobal);
 
     oaCollection<oaTerm, oaNet> getTerms(oaUInt4 filterFlags = oacTermIterNotImplicit) const;
+    oaCollection<oaInstTerm, oaNet>
+    getInstTerms(oaUInt4 filterFlags = oacInstTermIterNotImplicit) const;
     /// The pins of its terminals.
     oaCollection<oaPin, oaNet> getPins() const;
     /// The shapes on the net itself (oacShapeIterNetOnly), those of its pins
@@ -45,7 +48,8 @@ public:
     oaCollection<oaShape, oaNet> getShapes(oaUInt4 filterFlags = oacShapeIterNetOnly |
                                                                  oacShapeIterNetPins) const;
 
-    /// Destroys the net with its terminals and their pins. Its figures stay, on no net.
+    /// Destroys the net with its terminals and their pins. Its figures and instance
+    /// terminals stay, on no net.
     void destroy();
 
     OA_HANDLE(oaNet);
