@@ -116,18 +116,6 @@ std::string valueOrFileValue(const char* variable, const std::string& fileValue)
     return value.empty() ? fileValue : value;
 }
 
-std::vector<std::string> split(const std::string& text) {
-    std::vector<std::string> items;
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = std::min(text.find(',', begin), text.size());
-        if (end > begin) {
-            items.push_back(text.substr(begin, end - begin));
-        }
-        begin = end + 1;
-    }
-    return items;
-}
-
 std::uint32_t forcedVersion(const std::string& text) {
     if (text.empty()) {
         return 0;
@@ -179,8 +167,20 @@ BrokerConfig readBrokerConfig(BrokerConnections& connections) {
     }
     config.forcedOaApiVersion = forcedVersion(
         valueOrFileValue("PCELLBROKER_FORCED_OA_API_VERSION", file.forcedOaApiVersion));
-    config.items = split(items);
+    config.items = splitItems(items);
     return config;
+}
+
+std::vector<std::string> splitItems(const std::string& configString) {
+    std::vector<std::string> items;
+    for (std::size_t begin = 0; begin <= configString.size();) {
+        const std::size_t end = std::min(configString.find(',', begin), configString.size());
+        if (end > begin) {
+            items.push_back(configString.substr(begin, end - begin));
+        }
+        begin = end + 1;
+    }
+    return items;
 }
 
 std::string itemTypeName(const std::string& item) {

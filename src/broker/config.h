@@ -40,6 +40,9 @@ public:
 /// @throws EmptyConfiguration, std::runtime_error  the configuration is not usable.
 BrokerConfig readBrokerConfig(BrokerConnections& connections);
 
+/// The items of a configuration string that are not empty.
+std::vector<std::string> splitItems(const std::string& configString);
+
 /// The name in an item of the configuration string.
 std::string itemTypeName(const std::string& item);
 

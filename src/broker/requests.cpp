@@ -91,26 +91,6 @@ void writeEvaluate(std::streambuf& out, const Subject& subject) {
     writeParamArray(out, subject.params);
 }
 
-/// The file that holds the evaluated design.
-/// @throws std::runtime_error  with the broker's message when there is none.
-std::string requestEvaluation(BrokerConnection& connection, const std::optional<SetUp>& setUp,
-                              const Subject& subject) {
-    Exchange exchange(connection);
-    if (setUp) {
-        writeSetUp(exchange.out(), *setUp);
-    }
-    writeEvaluate(exchange.out(), subject);
-    flush(exchange.out());
-    connection.setUpNeeded = connection.setUpNeeded && !setUp;
-    const bool isEvaluated = readByte(exchange.in()) != 0;
-    const std::string text = readText(exchange.in());
-    exchange.complete();
-    if (!isEvaluated) {
-        throw std::runtime_error(text);
-    }
-    return text;
-}
-
 } // namespace
 
 void checkConnection(BrokerConnection& connection) {
@@ -139,8 +119,8 @@ bool canEvaluate(BrokerConnection& connection, const oa::oaString& typeName) {
     return answer;
 }
 
-void evaluateThroughBroker(BrokerConnection& connection, oa::oaDesign& design,
-                           ProcessSystem& system) {
+std::string requestEvaluation(BrokerConnection& connection, oa::oaDesign& design,
+                              ProcessSystem& system) {
     checkConnection(connection);
     // Travels with the evaluation itself: a broker that is not there any more is told nothing, and
     // what could not be told is told the next time.
@@ -148,7 +128,26 @@ void evaluateThroughBroker(BrokerConnection& connection, oa::oaDesign& design,
     if (connection.setUpNeeded) {
         setUp = currentSetUp(system);
     }
-    const oa::oaString path = requestEvaluation(connection, setUp, Subject(design)).c_str();
+    const Subject subject(design);
+    Exchange exchange(connection);
+    if (setUp) {
+        writeSetUp(exchange.out(), *setUp);
+    }
+    writeEvaluate(exchange.out(), subject);
+    flush(exchange.out());
+    connection.setUpNeeded = connection.setUpNeeded && !setUp;
+    const bool isEvaluated = readByte(exchange.in()) != 0;
+    const std::string text = readText(exchange.in());
+    exchange.complete();
+    if (!isEvaluated) {
+        throw std::runtime_error(text);
+    }
+    return text;
+}
+
+void evaluateThroughBroker(BrokerConnection& connection, oa::oaDesign& design,
+                           ProcessSystem& system) {
+    const oa::oaString path = requestEvaluation(connection, design, system).c_str();
     oa::PcellFile file(path);
     file.open("r");
     file.read(&design);
