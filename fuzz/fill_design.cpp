@@ -128,6 +128,14 @@ void place(oa::oaDesign* design) {
                              oa::oaTransform(oa::oaPoint(1, 2), oa::oacR0));
     oa::oaArrayInst::create(block, lib, cell, view, scalar("A"),
                             oa::oaTransform(oa::oaPoint(0, 0), oa::oacR180), 500, 600, 2, 3);
+    oa::oaVectorInst* vector =
+        oa::oaVectorInst::create(block, lib, cell, view, scalar("V"), 3, 1, oa::oaTransform(7, 8));
+    oa::oaInst* bit = oa::oaVectorInstBit::create(block, lib, scalar("missing"), view, scalar("V"),
+                                                  9, oa::oaTransform(0, 0), &params);
+    oa::oaNet* net = oa::oaNet::find(block, general("vdd"));
+    oa::oaInstTerm::create(net, vector, general("VDD"));
+    oa::oaInstTerm::create(nullptr, vector->getBit(0), general("VDD2"));
+    addProps(oa::oaInstTerm::create(net, bit, 0u));
 }
 
 } // namespace

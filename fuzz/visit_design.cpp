@@ -73,10 +73,50 @@ void visitInst(const oa::oaInst* inst, Digest& digest) {
     digest.add(inst->getOrient());
     digest.add(inst->getMaster() != nullptr);
     digest.add(inst->getNumBits());
+    digest.add(inst->isImplicit());
+    digest.add(inst->getHeader()->isSubHeader());
+    digest.add(inst->getInstTerms().getCount());
+    digest.add(inst->usesTermPositions());
     digest.add(inst->getPlacementStatus());
     oa::oaParamArray params;
     inst->getParams(params);
     visitParams(params, digest);
+}
+
+void visitHeader(const oa::oaInstHeader* header, Digest& digest) {
+    const oa::oaNativeNS ns;
+    oa::oaString name;
+    oa::oaBox box;
+    oa::oaParamArray params;
+    visitObject(header, digest);
+    header->getCellName(ns, name);
+    digest.add(name);
+    digest.add(header->isSuperHeader());
+    digest.add(header->getMaster() != nullptr);
+    digest.add(header->getInsts(oa::oacInstIterAll).getCount());
+    header->getAllParams(params);
+    visitParams(params, digest);
+    header->getBBox(box);
+    digest.add(box);
+    oa::oaIter<oa::oaInstHeader> subs(header->getSubHeaders());
+    while (const oa::oaInstHeader* sub = subs.getNext()) {
+        digest.add(sub->getInsts().getCount());
+        sub->getParams(params);
+        visitParams(params, digest);
+    }
+}
+
+void visitInstTerm(const oa::oaInstTerm* term, Digest& digest) {
+    oa::oaString name;
+    visitObject(term, digest);
+    visitName(term->getInst(), digest);
+    term->getTermName(oa::oaNativeNS(), name);
+    digest.add(name);
+    digest.add(term->getTermPosition());
+    digest.add(term->usesTermPosition());
+    digest.add(term->getNumBits());
+    digest.add(term->getTerm() != nullptr);
+    digest.add(term->getNet() != nullptr);
 }
 
 void visitPin(const oa::oaPin* pin, Digest& digest) {
@@ -135,6 +175,7 @@ void visitNet(const oa::oaNet* net, Digest& digest) {
     digest.add(net->getTerms().getCount());
     digest.add(net->getPins().getCount());
     digest.add(net->getShapes().getCount());
+    digest.add(net->getInstTerms().getCount());
 }
 
 void visitLayers(const oa::oaBlock* block, Digest& digest) {
@@ -180,7 +221,9 @@ std::uint64_t visitDesign(const oa::oaDesign* design) {
     visitAll(block->getNets(), digest, visitNet);
     visitAll(block->getTerms(), digest, visitTerm);
     visitAll(block->getPins(), digest, visitPin);
-    visitAll(block->getInsts(), digest, visitInst);
+    visitAll(block->getInsts(oa::oacInstIterAll), digest, visitInst);
+    visitAll(block->getInstHeaders(), digest, visitHeader);
+    visitAll(block->getInstTerms(), digest, visitInstTerm);
     return digest.value();
 }
 
@@ -202,6 +245,7 @@ void destroyHalfOf(const oa::oaCollection<Object, Owner>& objects) {
 void destroyHalf(oa::oaBlock* block) {
     destroyHalfOf(block->getProps());
     destroyHalfOf(block->getShapes());
+    destroyHalfOf(block->getInstTerms());
     destroyHalfOf(block->getInsts());
     destroyHalfOf(block->getPins());
     destroyHalfOf(block->getTerms());

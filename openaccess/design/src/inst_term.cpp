@@ -52,7 +52,7 @@ oaInstTerm* createInstTerm(oaNet* net, oaInst* inst, const TermChoice& choice,
         throw oaDesignError(oacInvalidTermName, "", "it is empty");
     if (terms.ofInst.any(instSlot) && terms.usesPositions(instSlot) != choice.name.empty())
         throw oaDesignError(oacInstTermsGoAnotherWay, nameOf(inst),
-                            choice.name.empty() ? "name" : "position", choice.text().c_str());
+                            choice.name.empty() ? "position" : "name", choice.text().c_str());
     if (findChoice(terms, instSlot, choice) != kNone)
         throw oaDesignError(oacInstTermExists, nameOf(inst), choice.text().c_str());
     database.edit();
