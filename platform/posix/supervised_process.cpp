@@ -102,7 +102,8 @@ std::string ProcessEnd::text() const {
 
 SupervisedProcess::SupervisedProcess(const std::string& program,
                                      const std::vector<std::string>& arguments,
-                                     std::uint64_t memoryLimit) {
+                                     std::uint64_t memoryLimit, EndsWith endsWith)
+    : endsGroup(endsWith == EndsWith::allItStarted) {
     Pipe toProcess(program);
     Pipe fromProcess(program);
     Pipe saying(program);
@@ -149,7 +150,7 @@ SupervisedProcess::~SupervisedProcess() {
 void SupervisedProcess::kill() noexcept {
     const std::lock_guard lock(mutex);
     if (!end)
-        ::kill(-static_cast<pid_t>(processId), SIGKILL);
+        ::kill(endsGroup ? -static_cast<pid_t>(processId) : static_cast<pid_t>(processId), SIGKILL);
 }
 
 // What the process started is ended before its number, which is that of the group, is given back.
@@ -160,7 +161,8 @@ std::optional<ProcessEnd> SupervisedProcess::poll() noexcept {
     if (end || ::waitid(P_PID, processId, &seen, WEXITED | WNOWAIT | WNOHANG) == -1 ||
         seen.si_pid != process)
         return end;
-    ::kill(-process, SIGKILL);
+    if (endsGroup)
+        ::kill(-process, SIGKILL);
     int status = 0;
     if (::waitpid(process, &status, 0) == process) {
         const bool bySignal = WIFSIGNALED(status);

@@ -115,7 +115,8 @@ std::string ProcessEnd::text() const {
 
 SupervisedProcess::SupervisedProcess(const std::string& program,
                                      const std::vector<std::string>& arguments,
-                                     std::uint64_t memoryLimit) {
+                                     std::uint64_t memoryLimit, EndsWith endsWith)
+    : endsGroup(endsWith == EndsWith::allItStarted) {
     Pipe toProcess(program);
     Pipe fromProcess(program);
     Pipe saying(program);
@@ -142,14 +143,14 @@ SupervisedProcess::SupervisedProcess(const std::string& program,
     startup.StartupInfo.hStdError = saying.writing.get();
     startup.lpAttributeList = inherited.list();
 
-    Handle held = makeGroup(program, memoryLimit);
+    Handle held = endsGroup ? makeGroup(program, memoryLimit) : Handle();
     PROCESS_INFORMATION started = {};
     if (!internal::createProcess(wide(nativePath(program)), commandLine, true, startFlags,
                                  startup.StartupInfo, started))
         fail("cannot start program", program);
     const Handle thread(started.hThread);
     Handle process(started.hProcess);
-    if (!enclose(held, process.get())) {
+    if (endsGroup && !enclose(held, process.get())) {
         const SystemError error = lastSystemError();
         TerminateProcess(process.get(), 1);
         throw SystemFailure("cannot supervise program", program, error);
@@ -168,14 +169,16 @@ SupervisedProcess::~SupervisedProcess() {
     while (!waitFor(std::chrono::seconds(1)))
         kill();
     CloseHandle(handle);
-    CloseHandle(group);
+    if (endsGroup)
+        CloseHandle(group);
 }
 
 void SupervisedProcess::kill() noexcept {
     const std::lock_guard lock(mutex);
     if (end)
         return;
-    TerminateJobObject(group, 1);
+    if (endsGroup)
+        TerminateJobObject(group, 1);
     TerminateProcess(handle, 1);
 }
 
@@ -184,7 +187,8 @@ std::optional<ProcessEnd> SupervisedProcess::poll() noexcept {
     DWORD status = 0;
     if (!end && WaitForSingleObject(handle, 0) == WAIT_OBJECT_0 &&
         GetExitCodeProcess(handle, &status)) {
-        TerminateJobObject(group, 1);
+        if (endsGroup)
+            TerminateJobObject(group, 1);
         end = ProcessEnd{false, status};
     }
     return end;

@@ -176,7 +176,7 @@ TEST_F(FrontTest, EndsTheConnectionAtAMalformedRequest) {
     EXPECT_TRUE(broker->send("\x7f"));
     EXPECT_EQ(broker->readByte(), std::nullopt);
     EXPECT_EQ(broker->end(timeToGo), (platform::ProcessEnd{false, 1}));
-    EXPECT_EQ(broker->said(), "front: malformed request: command 127\n");
+    EXPECT_TRUE(broker->said().starts_with("front: malformed request: command 127"));
     EXPECT_EQ(leftovers(), 0u);
 }
 

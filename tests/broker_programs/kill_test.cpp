@@ -16,7 +16,7 @@ using ovalis::test::EnvironmentOverride;
 
 // OVALIS_KILLS asks for more than an ordinary run of the tests has time for.
 int kills() {
-    return std::stoi(platform::environmentVariable("OVALIS_KILLS").value_or("24"));
+    return std::stoi(platform::environmentVariable("OVALIS_KILLS").value_or("8"));
 }
 
 class KillTest : public BrokerTest {

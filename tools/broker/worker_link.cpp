@@ -164,6 +164,7 @@ Answer WorkerLink::ask(const std::string& token, const std::string& requests) {
 std::string WorkerLink::watch(const std::string& token, Answer& answer) {
     using State = Conversation::State;
     const auto last = Clock::now() + settings.deadline;
+    bool gone = false;
     std::unique_lock lock(conversation->mutex);
     while (
         !conversation->changed.wait_until(lock, std::min(last, Clock::now() + memoryPeriod),
@@ -174,6 +175,11 @@ std::string WorkerLink::watch(const std::string& token, Answer& answer) {
         const std::string greed = tooMuchMemory();
         if (!greed.empty())
             return greed;
+        if (gone)
+            return lostText();
+        // Looked at beside the pipes, which what the worker started may hold open. An answer that
+        // is still in them has until the next look.
+        gone = process.waitFor(std::chrono::milliseconds(0)).has_value();
         lock.lock();
     }
     const State state = conversation->state;

@@ -8,7 +8,7 @@ using Clock = std::chrono::steady_clock;
 
 Dialogue::Dialogue(const std::string& program, const std::vector<std::string>& arguments,
                    std::chrono::milliseconds longestAnswer)
-    : process(program, arguments, 0),
+    : process(program, arguments, 0, platform::EndsWith::itselfOnly),
       longest(longestAnswer),
       watcher([this] { watch(); }),
       listener([this] { listen(); }) {

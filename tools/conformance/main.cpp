@@ -71,6 +71,7 @@ int main(int count, char** values) {
     platform::crashQuietly();
     CLI::App app("Checks whether a program is a broker of pcells");
     app.name("pcellBrokerConformance");
+    app.allow_windows_style_options(false); // a path may begin with a slash there too
     Options options;
     describe(app, options);
     try {

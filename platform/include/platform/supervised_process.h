@@ -22,22 +22,25 @@ struct ProcessEnd {
     friend bool operator==(const ProcessEnd&, const ProcessEnd&) = default;
 };
 
-/// A program that works for this process through two pipes and cannot outlive it.
+/// What ends together with a supervised process: whatever it has started, or nothing but itself.
+enum class EndsWith { allItStarted, itselfOnly };
+
+/// A program that works for this process through two pipes and is ended with this object.
 ///
 ///     SupervisedProcess worker(program, {directory}, memoryLimit);
 ///     worker.requests.write(...);          // its first argument names the reading end
 ///     worker.answers.read(...);            // its second argument names the writing end
 ///
 /// - What it writes to its standard streams arrives at `talk`; its standard input is empty.
-/// - It can be ended at any moment from any thread, together with what it has started itself. What
-///   it has started is also ended when it ends by itself.
+/// - It can be ended at any moment from any thread. What it has started is ended with it, also when
+///   it ends by itself, unless it was started as `EndsWith::itselfOnly`.
 /// - Its memory is bounded where the system can do that; `memoryInUse` tells the rest.
 class SupervisedProcess {
 public:
     /// The two numbers of the pipe ends go before `arguments`. A limit of 0 is none.
     /// @throws SystemFailure  the program cannot be started.
     SupervisedProcess(const std::string& program, const std::vector<std::string>& arguments,
-                      std::uint64_t memoryLimit);
+                      std::uint64_t memoryLimit, EndsWith endsWith = EndsWith::allItStarted);
     SupervisedProcess(const SupervisedProcess&) = delete;
     SupervisedProcess& operator=(const SupervisedProcess&) = delete;
     ~SupervisedProcess();
@@ -62,6 +65,7 @@ private:
     std::uint32_t processId = 0;
     void* handle = nullptr; ///< of the process, where the system has such
     void* group = nullptr;  ///< of the process and what it starts, where the system has such
+    bool endsGroup = true;
     std::optional<ProcessEnd> end;
 };
 
