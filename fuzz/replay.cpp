@@ -2,6 +2,7 @@
 // own writer made, must be accepted: otherwise the fuzzers would start from nothing.
 
 #include "database_file.h"
+#include "library_definitions.h"
 #include "pcell_file.h"
 
 #include "support/places.h"
@@ -62,6 +63,20 @@ TEST(PcellFileCorpus, IsReadOrRefusedWithoutHarm) {
         }
     }
     EXPECT_GE(seeds, 4u);
+}
+
+TEST(LibraryDefinitionsCorpus, IsReadAndSavedAsItIsWritten) {
+    std::size_t seeds = 0;
+    for (const fs::path& file : corpus("library_definitions")) {
+        SCOPED_TRACE(file.filename().string());
+        const std::vector<char> bytes = readAll(file);
+        const bool accepted = fuzz::tryLibraryDefinitions(std::as_bytes(std::span(bytes)));
+        if (isSeed(file)) {
+            ++seeds;
+            EXPECT_TRUE(accepted);
+        }
+    }
+    EXPECT_GE(seeds, 5u);
 }
 
 } // namespace

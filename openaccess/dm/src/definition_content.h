@@ -102,8 +102,7 @@ public:
     void destroy(std::uint32_t member);
     /// Moves a member behind another one, in front of all others for kNone.
     void moveBehind(std::uint32_t member, std::uint32_t other);
-    /// The last member in the order of the file; kNone without one.
-    std::uint32_t lastMember();
+    void moveToEnd(std::uint32_t member);
 
     /// The file as it is now.
     std::string text() const;

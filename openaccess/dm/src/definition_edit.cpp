@@ -80,13 +80,11 @@ void DefinitionContent::moveBehind(std::uint32_t member, std::uint32_t other) {
     inSlotOrder_ = false;
 }
 
-std::uint32_t DefinitionContent::lastMember() {
-    for (auto statement = statements_.rbegin(); statement != statements_.rend(); ++statement)
-        if ((statement->kind == DefinitionKind::Define ||
-             statement->kind == DefinitionKind::Include) &&
-            members_.isLive(statement->index))
-            return statement->index;
-    return kNone;
+void DefinitionContent::moveToEnd(std::uint32_t member) {
+    // Behind everything, as what stands at the end may concern another definition of the name.
+    Statements moved = takeStatementsOf(member);
+    insert(statements_.end(), std::move(moved));
+    inSlotOrder_ = false;
 }
 
 std::string DefinitionContent::text() const {

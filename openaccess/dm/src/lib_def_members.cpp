@@ -82,7 +82,7 @@ void oaLibDefListMem::moveToFirst() {
 void oaLibDefListMem::moveToLast() {
     DefinitionContent& content = contentOf(this);
     content.list().edit();
-    content.moveBehind(slotOf(this), content.lastMember());
+    content.moveToEnd(slotOf(this));
 }
 
 oaLibDef* oaLibDef::create(oaLibDefList* defList, const oaScalarName& libName,
