@@ -1,4 +1,5 @@
 #include "base/src/handle_pool.h"
+#include "base/src/unset_records.h"
 
 #include "platform/memory.h"
 
@@ -10,6 +11,9 @@ namespace OpenAccess_4::impl {
 namespace {
 
 constexpr std::align_val_t kAlignment{64};
+
+// Smaller pieces do not start at a cache line: memory so aligned takes longer to find than to fill.
+constexpr std::size_t kAligned = 16 * 1024;
 
 // From half a large page on, memory comes straight from the system, in large pages where it can.
 constexpr std::size_t kFewPages = platform::largePageSize / 2;
@@ -38,17 +42,25 @@ void HandlePool::giveBack(oaObject* handles, std::uint32_t capacity) {
     unused_[capacity].push_back(handles);
 }
 
-std::byte* allocateRecords(std::size_t bytes) {
+std::byte* allocateUnsetRecords(std::size_t bytes) {
     if (bytes >= kFewPages)
         return static_cast<std::byte*>(platform::allocatePages(bytes));
-    void* memory = ::operator new(bytes, kAlignment);
-    std::memset(memory, 0, bytes);
-    return static_cast<std::byte*>(memory);
+    return static_cast<std::byte*>(bytes < kAligned ? ::operator new(bytes)
+                                                    : ::operator new(bytes, kAlignment));
+}
+
+std::byte* allocateRecords(std::size_t bytes) {
+    std::byte* memory = allocateUnsetRecords(bytes);
+    if (bytes < kFewPages) // pages of the system are zero
+        std::memset(memory, 0, bytes);
+    return memory;
 }
 
 void freeRecords(std::byte* records, std::size_t bytes) {
     if (bytes >= kFewPages)
         platform::freePages(records, bytes);
+    else if (bytes < kAligned)
+        ::operator delete(records);
     else
         ::operator delete(records, kAlignment);
 }

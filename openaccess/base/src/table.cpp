@@ -2,6 +2,7 @@
 
 #include "base/src/database.h"
 #include "base/src/handle_pool.h"
+#include "base/src/unset_records.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaException.h"
 
@@ -140,7 +141,7 @@ Slab& TableBase::addSlab() {
     slab->table = this;
     slab->first = slots_;
     slab->capacity = slabCapacity(slabs_.size());
-    slab->records = allocateRecords(slab->capacity * recordSize_);
+    slab->records = allocateUnsetRecords(slab->capacity * recordSize_);
     slabs_.push_back(std::move(slab));
     return *slabs_.back();
 }

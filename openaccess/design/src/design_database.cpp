@@ -22,7 +22,7 @@ DesignDatabase::DesignDatabase(oaDesign* design)
 
 std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(oaDesign* design) {
     auto database = std::make_unique<DesignDatabase>(design);
-    database->info_.add({std::int64_t(std::time(nullptr))});
+    database->info();
     return database;
 }
 
@@ -33,14 +33,24 @@ std::unique_ptr<DesignDatabase> DesignDatabase::read(oaDesign* design, const std
     return database;
 }
 
-std::unique_ptr<DesignDatabase>
-DesignDatabase::readSubmaster(oaDesign* design, DatabaseReader& file, std::uint64_t offset) {
-    auto database = std::make_unique<DesignDatabase>(design);
-    file.read(DatabaseFileKind::PcellSubmasters, offset, *database);
-    database->requireSound(file.path());
-    if (database->pcell.isDefined())
+void DesignDatabase::readSubmaster(DatabaseReader& file, std::uint64_t offset) {
+    file.read(DatabaseFileKind::PcellSubmasters, offset, *this);
+    requireSound(file.path());
+    if (pcell.isDefined())
         throw oaError(oacDatabaseFileDamaged, file.path().c_str(), "holds a super master");
-    return database;
+}
+
+bool DesignDatabase::isUntouched() const {
+    for (std::uint32_t number = 0; number < tableCount(); ++number)
+        if (table(number) && table(number)->slots() > 0)
+            return false;
+    return strings.count() == 1 && points.all().empty();
+}
+
+DesignInfoRecord& DesignDatabase::info() {
+    if (info_.slots() == 0)
+        info_.add({std::int64_t(std::time(nullptr))});
+    return info_[0];
 }
 
 void DesignDatabase::requireSound(const std::string& path) {

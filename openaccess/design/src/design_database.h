@@ -26,12 +26,15 @@ public:
     static std::unique_ptr<DesignDatabase> makeEmpty(oaDesign* design);
     /// @throws oaError  oacDatabaseFileNotRead, oacDatabaseFileDamaged
     static std::unique_ptr<DesignDatabase> read(oaDesign* design, const std::string& path);
-    /// The content of the submaster that begins at a byte of a pcell file.
+    /// Fills a content that isUntouched() with the submaster that begins at a byte of a pcell file.
+    /// After a failure it is to be thrown away.
     /// @throws oaError  oacDatabaseFileNotRead, oacDatabaseFileDamaged
-    static std::unique_ptr<DesignDatabase> readSubmaster(oaDesign* design, DatabaseReader& file,
-                                                         std::uint64_t offset);
+    void readSubmaster(DatabaseReader& file, std::uint64_t offset);
 
     explicit DesignDatabase(oaDesign* design);
+
+    /// True when nothing was put into it since it was constructed.
+    bool isUntouched() const;
 
     oaObject* object() const override;
     void requireEditable() const override;
@@ -40,7 +43,7 @@ public:
 
     oaDesign* design() const { return design_; }
     const DesignNames& names() const;
-    DesignInfoRecord& info() { return info_[0]; }
+    DesignInfoRecord& info();
 
     /// The top block, or null.
     oaBlock* block();

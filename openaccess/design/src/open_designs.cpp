@@ -328,6 +328,7 @@ void writeToItsFile(OpenDesignRecord& record) {
 
 void writeToAnotherFile(const OpenDesignRecord& record, const DesignNames& names,
                         const oaLib* lib) {
+    record.content->info();
     record.content->pcell.pack();
     const DesignAccess access(lib, names, oacWriteLibAccess);
     const DesignPlace place = makePlace(lib, names, viewTypeFor(lib, names, record.viewType));

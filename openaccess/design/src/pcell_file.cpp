@@ -38,9 +38,20 @@ namespace {
 
 constexpr std::array kNotOfTheBlock = {kSuperMasterTable, kPcellParamTable};
 
-/// Puts `content` into the place of what `design` holds.
-void replaceBlock(oaDesign* design, std::unique_ptr<DesignDatabase> content) {
-    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
+/// Fills a submaster that has nothing yet, which is what most evaluations do.
+void fill(oaDesign* design, OpenDesignRecord& record, DatabaseReader& reader, oaUInt8 offset) {
+    try {
+        record.content->readSubmaster(reader, offset);
+    } catch (...) {
+        replaceContent(record, std::make_unique<DesignDatabase>(design));
+        throw;
+    }
+}
+
+/// Puts what is stored into the place of what the design holds.
+void replace(oaDesign* design, OpenDesignRecord& record, DatabaseReader& reader, oaUInt8 offset) {
+    auto content = std::make_unique<DesignDatabase>(design);
+    content->readSubmaster(reader, offset);
     content->pcell.takeFrom(record.content->pcell);
     replaceContent(record, std::move(content));
     record.content->setModified(!record.origin);
@@ -72,9 +83,13 @@ void PcellFile::open(const oaChar* mode) {
 
 void PcellFile::read(oaDesign* design, oaUInt8 offset) {
     DatabaseReader& reader = state_->opened(state_->reader);
-    if (!recordOf<OpenDesignRecord>(design).origin)
-        designDatabaseOf(design).requireEditable();
-    replaceBlock(design, DesignDatabase::readSubmaster(design, reader, offset));
+    OpenDesignRecord& record = recordOf<OpenDesignRecord>(design);
+    if (!record.origin)
+        record.content->requireEditable();
+    if (record.origin && record.content->isUntouched())
+        fill(design, record, reader, offset);
+    else
+        replace(design, record, reader, offset);
     notifyPcellFileRead(design, this, offset);
 }
 
@@ -83,6 +98,7 @@ oaUInt8 PcellFile::append(oaDesign* design) {
     DesignDatabase& content = designDatabaseOf(design);
     notifyPcellFilePreAppend(design, this);
     content.dropUnused();
+    content.info();
     oaUInt8 offset = 0;
     try {
         offset = state_->opened(state_->writer).append(content, kNotOfTheBlock);

@@ -183,6 +183,7 @@ void evaluate(oaDesign* submaster) {
         failure = failureOfEvaluation(submaster, designDatabaseOf(superMaster).pcell);
         if (failure)
             replaceContent(record, DesignDatabase::makeEmpty(submaster));
+        record.content->info();
         record.content->setModified(false);
     }
     if (failure)
@@ -201,7 +202,7 @@ oaDesign* addSubmaster(OpenDesignRecord& superMaster, SubmasterOrigin origin) {
     const std::uint32_t slot = openSubmasters().add(std::move(record));
     auto* made = static_cast<oaDesign*>(openSubmasters().handle(slot));
     OpenDesignRecord& added = openSubmasters()[slot];
-    added.content = DesignDatabase::makeEmpty(made);
+    added.content = std::make_unique<DesignDatabase>(made);
     superMaster.submasters.made.push_back(made);
     superMaster.submasters.byKey.emplace(added.origin->key, made);
     return made;
@@ -295,7 +296,7 @@ void renewSubmasters(oaDesign* superMaster) {
     rebase(superMaster);
     for (oaDesign* submaster : submasters)
         if (submaster->isValid())
-            replaceContent(recordFor(submaster), DesignDatabase::makeEmpty(submaster));
+            replaceContent(recordFor(submaster), std::make_unique<DesignDatabase>(submaster));
     for (oaDesign* submaster : submasters)
         if (submaster->isValid() && recordFor(submaster).origin->state == EvaluationState::Pending)
             evaluate(submaster);
