@@ -13,7 +13,7 @@ std::optional<Channel> Channel::inherited(std::string_view number) noexcept {
     int fd = -1;
     const char* const last = number.data() + number.size();
     const auto [end, error] = std::from_chars(number.data(), last, fd, 16);
-    if (error != std::errc() || end != last || fd < 0)
+    if (error != std::errc() || end != last || fd < 0 || number.size() > channelNumber(0).size())
         return std::nullopt;
     const int flags = ::fcntl(fd, F_GETFD);
     if (flags == -1 || ::fcntl(fd, F_SETFD, flags | FD_CLOEXEC) == -1)

@@ -19,7 +19,8 @@ std::optional<Channel> Channel::inherited(std::string_view number) noexcept {
     std::uintptr_t value = 0;
     const char* const last = number.data() + number.size();
     const auto [end, error] = std::from_chars(number.data(), last, value, 16);
-    if (error != std::errc() || end != last || value == 0)
+    if (error != std::errc() || end != last || value == 0 ||
+        number.size() > channelNumber(0).size())
         return std::nullopt;
     const std::intptr_t handle = static_cast<std::intptr_t>(value);
     if (handle == closedHandle || GetFileType(native(handle)) != FILE_TYPE_PIPE ||

@@ -222,6 +222,21 @@ TEST_P(KilledHostTest, TakesTheBrokerWithIt) {
 INSTANTIATE_TEST_SUITE_P(WhileEvaluating, KilledHostTest,
                          ::testing::Values("hang", "spin", "allocate"));
 
+TEST_F(FrontTest, GoesWithItsHostAlsoWhenAnotherProcessHoldsThePipe) {
+    const std::string file = pathOf("number");
+    platform::ChildProcess host(program("leaking_host"),
+                                {program("broker_front"), program("fake_worker"), file},
+                                {pathOf("output"), pathOf("errors")});
+    ASSERT_TRUE(holdsWithin(30s, [&] { return platform::isFile(file) && leftovers() == 1; }));
+    const platform::ProcessId front = ownerOfResults();
+    std::this_thread::sleep_for(100ms); // for the front to know its parent
+    host.kill();
+    EXPECT_TRUE(holdsWithin(timeToGo,
+                            [&] { return leftovers() == 0 && !platform::isProcessAlive(front); }));
+    EXPECT_TRUE(platform::isProcessAlive(numberIn(file)));
+    platform::killProcess(numberIn(file));
+}
+
 TEST_F(FrontTest, ThatIsKilledTakesItsWorkerAndTheResultsWithIt) {
     for (const char* cell : {"hang", "spin"}) {
         const auto broker = start();
