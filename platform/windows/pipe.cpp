@@ -38,6 +38,10 @@ bool createPipe(PipeEnd& reading, PipeEnd& writing) noexcept {
 
 PipeEnd inheritableCopy(const PipeEnd& end) noexcept {
     HANDLE copy = INVALID_HANDLE_VALUE;
+    if (!end) { // the number would stand for this process
+        SetLastError(ERROR_INVALID_HANDLE);
+        return PipeEnd();
+    }
     if (!DuplicateHandle(GetCurrentProcess(), handleOf(end.get()), GetCurrentProcess(), &copy, 0,
                          TRUE, DUPLICATE_SAME_ACCESS))
         return PipeEnd();

@@ -85,7 +85,10 @@ TEST(Pipe, LeavesNoHandleBehind) {
 
 TEST(Pipe, KeepsTheErrorOfAFailedCall) {
     EXPECT_FALSE(inheritableCopy(PipeEnd()));
+    PipeEnd nobodys(0x7FFFFFF0);
+    EXPECT_FALSE(inheritableCopy(nobodys));
     const SystemError error = lastSystemError();
+    nobodys.release();
     EXPECT_NE(error.code(), 0);
     { Pipe pipe; }
     setLastSystemError(error);
