@@ -144,5 +144,31 @@ TEST(Collect, ShowsADesignWithoutContents) {
     EXPECT_TRUE(collect(*design).layers.empty());
 }
 
+TEST(Collect, APinWithoutAnAngleLeavesInItsDirectionOfAccess) {
+    Drawn drawn;
+    oa::oaDesign* design = drawn.design("directions");
+    oa::oaBlock* block = design->getTopBlock();
+    const oa::oaScalarName name(oa::oaNativeNS(), "A");
+    oa::oaTerm* term = oa::oaTerm::create(oa::oaScalarNet::create(block, name), name);
+    const struct {
+        const char* name;
+        oa::oaUInt4 direction;
+        double angle;
+    } rows[] = {{"none", oa::oacNone, 0},       {"right", oa::oacRight, 0},
+                {"top", oa::oacTop, 90},        {"left", oa::oacLeft, 180},
+                {"bottom", oa::oacBottom, 270}, {"two", oa::oacLeft | oa::oacTop, 0}};
+    for (const auto& row : rows)
+        oa::oaRect::create(block, 3, drawing, oa::oaBox(0, 0, 4, 2))
+            ->addToPin(oa::oaPin::create(term, row.name, row.direction));
+    ovalis::vexPinAngle->set(oa::oaPin::find(term, "bottom"), 45);
+    std::map<std::string, double> angles;
+    for (const drawing::Pin& pin : collect(*design).pins)
+        angles[pin.name] = pin.angle;
+    EXPECT_EQ(
+        angles,
+        (std::map<std::string, double>{
+            {"none", 0}, {"right", 0}, {"top", 90}, {"left", 180}, {"bottom", 45}, {"two", 0}}));
+}
+
 } // namespace
 } // namespace cli::test

@@ -199,7 +199,7 @@ TEST(Evaluate, APlugInDrawsTheSpiral) {
     EXPECT_NE(served.out.find("\nserved by    plug-in " + pluginDirectory()), std::string::npos);
     EXPECT_NE(served.out.find("spiral.plg\n"), std::string::npos);
     EXPECT_EQ(served.talk, "wrote " + picture + "\n");
-    EXPECT_NE(readText(picture).find("<title>coils / spiral / layout (shape = square, turns = 3, "),
+    EXPECT_NE(readText(picture).find("<title>coils / spiral / layout (turns = 3)</title>"),
               std::string::npos);
 }
 

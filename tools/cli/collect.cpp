@@ -148,6 +148,23 @@ void setMatrix(drawing::Text& text, oa::oaOrient own, oa::oaOrient outer) {
     text.matrix[3] = static_cast<double>(y.y);
 }
 
+/// The direction in which a pin leaves: the angle noted on it, else its one direction of access.
+double angleOf(oa::oaPin& pin) {
+    const double noted = ovalis::vexPinAngle->get(&pin);
+    if (noted != 0)
+        return noted;
+    switch (pin.getAccessDir()) {
+    case oa::oacTop:
+        return 90;
+    case oa::oacLeft:
+        return 180;
+    case oa::oacBottom:
+        return 270;
+    default:
+        return 0;
+    }
+}
+
 /// Walks a block and the masters of its instances.
 class Collector {
 public:
@@ -247,7 +264,7 @@ private:
         oa::oaString name;
         from.getName(name);
         pin.name = ovalis::fromOa(name);
-        pin.angle = ovalis::vexPinAngle->get(&from);
+        pin.angle = angleOf(from);
         oa::oaIter<oa::oaPinFig> figures(from.getFigs());
         while (oa::oaPinFig* figure = figures.getNext()) {
             if (!figure->isShape())

@@ -153,8 +153,9 @@ void drawPicture(const EvaluateOptions& options, const PcellTarget& target,
                  const Evaluation& result, Console& console) {
     drawing::Picture picture = collect(*result.submaster);
     const evaluation::DesignName& name = target.pcell.name();
-    picture.title = name.library + " / " + name.cell + " / " + name.view + " (" +
-                    evaluation::textOf(result.params) + ")";
+    picture.title = name.library + " / " + name.cell + " / " + name.view;
+    if (target.given.getNumElements() > 0)
+        picture.title += " (" + evaluation::textOf(target.given) + ")";
     writeSvgFile(options.pictureFile, picture);
     console.talk << "wrote " << options.pictureFile << '\n';
 }
