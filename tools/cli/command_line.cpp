@@ -69,6 +69,7 @@ std::string oneLine(std::string text) {
 }
 
 struct Options {
+    BrokersOptions brokers;
     ExportOptions exporting;
     LibraryOptions check;
     ListOptions list;
@@ -213,6 +214,14 @@ void addPlace(CLI::App& app, Options& options, Console& console, int& status) {
     command.callback([&] { status = placeCommand(options.place, console); });
 }
 
+void addBrokers(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "brokers", "Say what evaluates brokered pcells here, and why",
+                   "ovalis brokers --json");
+    command.add_flag("--json", options.brokers.json, "Write JSON for programs");
+    command.callback([&] { status = brokersCommand(options.brokers, console); });
+}
+
 } // namespace
 
 int run(const std::vector<std::string>& arguments, Console& console) {
@@ -241,6 +250,7 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     addEvaluate(app, options, console, status);
     addHash(app, options, console, status);
     addCache(app, options, console, status);
+    addBrokers(app, options, console, status);
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Error& error) {

@@ -81,6 +81,10 @@ struct MakePcellOptions {
     std::vector<std::string> params;
 };
 
+struct BrokersOptions {
+    bool json = false;
+};
+
 struct PlaceOptions {
     CellViewOptions design;
     std::string name;
@@ -135,5 +139,9 @@ int makePcellCommand(const MakePcellOptions& options, Console& console);
 
 /// Places an instance in a design.
 int placeCommand(const PlaceOptions& options, Console& console);
+
+/// Says by what each pcell type that is configured for brokers is evaluated here, and why;
+/// `somethingMissing` when one has no evaluator.
+int brokersCommand(const BrokersOptions& options, Console& console);
 
 } // namespace cli
