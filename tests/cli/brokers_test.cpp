@@ -58,7 +58,7 @@ TEST(Brokers, NamesTheFaultsOfATypeBelowIt) {
     here.writeFile();
     const Outcome told = brokersProgram();
     EXPECT_EQ(told.status, 1);
-    EXPECT_EQ(told.out.substr(told.out.find("\ntype")),
+    EXPECT_EQ(told.out.substr(told.out.find("\n\n") + 1),
               "\ntype           coil\n"
               "  options      brokers only (X); internal OA libs\n"
               "  versions     5\n"
