@@ -76,7 +76,11 @@ run(${CMAKE_COMMAND} -S ${spiral} -B ${tree}/spiral -G ${generator} -DCMAKE_BUIL
     -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_FIND_ROOT_PATH=${prefix} -DCMAKE_CXX_FLAGS=${flags}
     -DCMAKE_TOOLCHAIN_FILE=${toolchain} -DCMAKE_CXX_COMPILER=${compiler})
 run(${CMAKE_COMMAND} --build ${tree}/spiral)
-set(ENV{OA_PLUGIN_PATH} ${tree}/spiral/plugins)
+if(launch)
+    set(ENV{OA_PLUGIN_PATH} "Z:${tree}/spiral/plugins")
+else()
+    set(ENV{OA_PLUGIN_PATH} ${tree}/spiral/plugins)
+endif()
 expect_spiral(${prefix}/${bindir}/ovalis${suffix})
 
 # A plug-in is found by the variable, and in the installation.
