@@ -108,8 +108,8 @@ class PrivateDirectoryTest : public ovalis::test::PlatformTest {};
 TEST_F(PrivateDirectoryTest, IsMadeOnce) {
     EXPECT_TRUE(createPrivateDirectory(path("größe")));
     EXPECT_FALSE(createPrivateDirectory(path("größe")));
-    put("größe/file", "inside");
-    EXPECT_EQ(get("größe/file"), "inside");
+    File(path("größe/file"), OpenMode::write).write("inside", 6);
+    EXPECT_EQ(readFile(path("größe/file")), "inside");
     EXPECT_THROW(createPrivateDirectory(path("missing/inside")), SystemFailure);
 }
 
