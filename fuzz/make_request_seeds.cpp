@@ -29,7 +29,7 @@ void writeSeeds(const std::string& directory) {
     write(directory + "/seed_question", liveness() + canEvaluate("spiral"));
     write(directory + "/seed_evaluation", everyKind());
     write(directory + "/seed_no_parameters", none);
-    write(directory + "/seed_session",
+    write(directory + "/seed_conversation",
           liveness() + canEvaluate("spiral") + liveness() + setWorkingDirectory("/home/user") +
               setLibraryDefinitions("/home/user/lib.defs") + everyKind() + liveness() + none);
 }
