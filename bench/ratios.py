@@ -48,6 +48,10 @@ GOALS = [
      ["klayoutReadGds2/100000"], "KLayout reads GDS2", 0.06, 0.03),
     ("pcell_evaluation", "evaluate, 100,000 shapes, 4 times", "evaluateAndVisit/100000",
      ["flatReadAndBuild/100000"], "flat read + build", 2.0, 1.0),
+    ("brokered_evaluation", "1,000 brokered evaluations, no file", "brokeredEvaluation",
+     ["rawPipe"], "the same bytes on pipes", 1.15, 1.08),
+    ("brokered_shapes", "broker, 1,000 shapes, 200 times", "evaluateAndVisit/broker",
+     ["evaluateAndVisit/here"], "plug-in in this process", None, None),
     ("design_size", "file, bytes for a shape", "file",
      ["klayout_size_gds2"], "GDS2", 0.35, None),
     ("design_size", "file, bytes for a shape", "file",
@@ -58,6 +62,9 @@ GOALS = [
 
 # Growth: how the ratio at 100,000 ports stands to that at 25,000.
 GROWTH = ("add_ports", "growth from 25,000 ports", "addPortsAndVisit", "mapsAndVisit", 1.2)
+
+# Evaluations in one repetition of the broker's line.
+BROKERED = ("brokered_shapes", "evaluateAndVisit/broker", 200)
 
 MILLISECONDS = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}
 
@@ -118,6 +125,10 @@ def main():
         cells = [row[i].ljust(widths[i]) if i < 2 else row[i].rjust(widths[i])
                  for i in range(len(row) - 1)]
         print("  ".join(cells + [row[-1]]).rstrip())
+    program, ours, times = BROKERED
+    if (program, ours) in medians:
+        each = medians[program, ours] / times
+        print(f"\nThe broker: {1000 / each:.0f} evaluations with 1,000 shapes a second.")
     print(f"\nMedians of {min(map(len, found.values()), default=0)} repetitions or more; "
           "milliseconds, or bytes for a shape.")
 
