@@ -118,13 +118,20 @@ void Instances::bind(std::uint32_t master, oaDesign* design) {
 bool Instances::isPcell(std::uint32_t master) {
     if (const oaDesign* design = boundMaster(master))
         return designDatabaseOf(design).pcell.isDefined();
-    // Only instances of pcells are given parameters.
-    if (params.live() == 0)
-        return false;
-    for (const std::uint32_t inst : masterInsts.of(master))
-        if (instParams.any(inst))
-            return true;
-    return false;
+    return hasParams(master); // only instances of pcells are given some
+}
+
+bool Instances::hasParams(std::uint32_t master) {
+    const std::uint32_t destroyed = params.slots() - params.live();
+    if (destroyed != paramsSeen_.destroyed) {
+        paramsSeen_ = {0, destroyed};
+        mastersWithParams_.clear();
+    }
+    mastersWithParams_.resize(masters.slots());
+    for (; paramsSeen_.slots < params.slots(); ++paramsSeen_.slots)
+        if (params.isLive(paramsSeen_.slots))
+            mastersWithParams_[insts[params[paramsSeen_.slots].inst].master] = true;
+    return mastersWithParams_[master];
 }
 
 oaDesign* Instances::boundMasterOf(std::uint32_t inst) {
@@ -144,7 +151,8 @@ oaDesign* Instances::masterOf(std::uint32_t inst) {
     if (oaDesign* submaster = subHeaders.bound(sub))
         return submaster;
     oaDesign* submaster = bindSub(slot, design);
-    if (submaster)
+    // An evaluator may do anything, even change the instance that it is asked for.
+    if (submaster && insts.isLive(slot) && subHeaders.of(slot) == sub)
         subHeaders.bind(sub, submaster);
     return submaster;
 }
@@ -169,6 +177,8 @@ bool Instances::isBoundTo(const oaDesign* design) {
 void Instances::setMaster(std::uint32_t slot, std::uint32_t master) {
     subHeaders.forget(slot);
     masterInsts.remove(slot);
+    paramsSeen_.slots = 0;
+    mastersWithParams_.clear();
     insts[slot].master = master;
     masterInsts.insert(slot);
     if (insts[slot].isVector())

@@ -95,6 +95,7 @@ public:
 
 private:
     void clearParams(std::uint32_t slot);
+    bool hasParams(std::uint32_t master);
     oaDesign* bindSub(std::uint32_t inst, oaDesign* superMaster);
     void regroup(std::uint32_t inst, const oaDesign* superMaster);
     bool areVectorsSound();
@@ -104,7 +105,12 @@ private:
     std::uint32_t indexed_ = 0;    // masters that the map knows
     std::vector<oaDesign*> bound_; // by master; a closed design is no longer valid
     std::vector<std::uint32_t> vectors_;
-    std::uint32_t searched_ = 0; // instances that were searched for vectors
+    struct {
+        std::uint32_t slots = 0;
+        std::uint32_t destroyed = 0;
+    } paramsSeen_;
+    std::vector<bool> mastersWithParams_; // as far as parameters were seen
+    std::uint32_t searched_ = 0;          // instances that were searched for vectors
 };
 
 } // namespace OpenAccess_4::impl
