@@ -21,6 +21,10 @@ struct Seed {
     std::function<Fault(const Installation&)> told;
 };
 
+void PrintTo(const Seed& seed, std::ostream* stream) {
+    *stream << seed.name;
+}
+
 std::function<void(Installation&)> line(const std::string& text) {
     return [text](Installation& here) { here.lines.push_back(text); };
 }
@@ -297,7 +301,7 @@ std::vector<Seed> processSeeds() {
 }
 
 std::vector<Seed> plugInSeeds() {
-    const std::string file = "@plugins@/coil.plg";
+    const std::string file = std::string("@plugins@") + platform::pathSeparator() + "coil.plg";
     return {
         {"NoPlugInDirectory", Types::fail, variable("TEST_BROKER_TYPES", "another"),
          told("no plug-in directory is configured, where coil.plg could be",
