@@ -96,6 +96,28 @@ TEST(Choice, APlugInInThisProcessIsTriedFirst) {
     EXPECT_THAT(faultsOf(report), IsEmpty());
 }
 
+TEST(Choice, APlugInForThisProcessThatIsBrokenIsAFaultWhereNothingElseWorks) {
+    Installation here;
+    here.change("CONFIG", "coil");
+    here.write("own/coil.plg", "<plugIn/>");
+    here.set("OA_PLUGIN_PATH", here.at("own"));
+    EXPECT_THAT(faultsOf(here.diagnose()), IsEmpty());
+    here.change("BROKER_EXE_6", "absent");
+    const Faults faults = here.diagnose().types.at(0).faults;
+    ASSERT_EQ(faults.size(), 2U);
+    EXPECT_EQ(faults[0].cure, "write <plugIn lib=\"NAME\"/> into it");
+    EXPECT_EQ(faults[1].cure, "see the faults of BROKER_EXE_6");
+}
+
+TEST(Choice, APlugInThatThisProcessLacksIsNoFault) {
+    Installation here;
+    here.change("CONFIG", "coil");
+    here.change("BROKER_EXE_6", "absent");
+    const Faults faults = here.diagnose().types.at(0).faults;
+    ASSERT_EQ(faults.size(), 1U);
+    EXPECT_EQ(faults[0].cure, "see the faults of BROKER_EXE_6");
+}
+
 TEST(Choice, EndsAtTheFirstErrorThoughAnotherBrokerWouldTakeTheType) {
     Installation here;
     here.install("broker_exits_at_once", "broker6");

@@ -134,4 +134,8 @@ Faults faultsOfPlugIn(const std::string& type, const std::vector<std::string>& d
     }
 }
 
+bool isDescribed(const std::string& type, const std::vector<std::string>& directories) {
+    return descriptionFile(type, directories).has_value();
+}
+
 } // namespace diagnosis

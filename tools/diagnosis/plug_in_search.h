@@ -15,4 +15,7 @@ std::vector<std::string> directoriesIn(const std::string& list);
 /// nothing.
 Faults faultsOfPlugIn(const std::string& type, const std::vector<std::string>& directories);
 
+/// Whether one of the directories has a description of the plug-in.
+bool isDescribed(const std::string& type, const std::vector<std::string>& directories);
+
 } // namespace diagnosis

@@ -92,7 +92,10 @@ private:
         } catch (...) {
             attempt.works = false;
             attempt.answer = pcellBrokerClient::currentMessage().value_or("unknown error");
-            append(report_.faults, faultsOfPlugIn(type_.typeName, directoriesIn(ownPlugInPath())));
+            // Without a description the plug-in is none for this process, which is no fault.
+            const std::vector<std::string> directories = directoriesIn(ownPlugInPath());
+            if (isDescribed(type_.typeName, directories))
+                append(report_.faults, faultsOfPlugIn(type_.typeName, directories));
         }
         report_.attempts.push_back(attempt);
         return attempt.works;
