@@ -10,8 +10,8 @@
 
 namespace ovalis {
 
-/// Takes the bytes of an encoding: a buffer, or a stream that says what fails. One that has a member
-/// `text` takes texts through it.
+/// Takes the bytes of an encoding: a buffer, or a stream that says what fails. One that has a
+/// member `text` takes texts through it.
 template <class Sink>
 concept ByteSink = requires(Sink& sink, unsigned char value, const void* data, std::size_t size) {
     sink.byte(value);

@@ -66,6 +66,12 @@ file(REMOVE_RECURSE ${prefix} ${tree}/cmake ${tree}/pkg-config ${tree}/headers $
 run(${CMAKE_COMMAND} --install ${build} --prefix ${prefix})
 set(ENV{WINEPATH} "Z:${prefix}/${bindir}")
 
+# A configuration of brokers that names no pcell type: without any the programs say so each time.
+file(WRITE ${tree}/no_brokers/pcellBroker.cfg
+     "PROBE_EXE=none\nBROKER_EXE_5=none\nBROKER_EXE_6=none\nCONFIG=,\n")
+set(ENV{PCELLBROKER_HOME} ${tree}/no_brokers)
+unset(ENV{PCELLBROKER_CONFIG})
+
 list(GET compilers 0 compiler)
 configure(${consumer} ${tree}/cmake)
 expect_consumer(${tree}/cmake/consumer${suffix})

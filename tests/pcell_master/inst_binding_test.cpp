@@ -266,7 +266,13 @@ TEST_F(InstBinding, LetsASubHeaderGoWithItsLastInstance) {
     const oaInstHeader* sub = placed->getHeader();
     EXPECT_EQ(refused(oacInvalidObjForProp,
                       [&] { oaIntProp::create(const_cast<oaInstHeader*>(sub), "note", 1); }),
-              "An object of type InstHeader cannot have properties.");
+              "An object of type InstHeader cannot have properties or stored values.");
+    auto* note = oaIntAppDef<oaInstHeader>::get("note", 0, true);
+    EXPECT_EQ(refused(oacInvalidObjForProp, [&] { note->set(const_cast<oaInstHeader*>(sub), 1); }),
+              "An object of type InstHeader cannot have properties or stored values.");
+    auto* mark = oaIntAppDef<oaInstHeader>::get("mark", 0, false);
+    mark->set(const_cast<oaInstHeader*>(sub), 1);
+    EXPECT_EQ(mark->get(sub), 1);
     placed->setParams(sized(20));
     EXPECT_FALSE(sub->isValid());
     sub = placed->getHeader();

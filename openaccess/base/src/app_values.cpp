@@ -3,6 +3,8 @@
 #include "base/src/database.h"
 #include "base/src/session.h"
 #include "oa/oaAppDef.h"
+#include "oa/oaBaseMsgIds.h"
+#include "oa/oaException.h"
 
 namespace OpenAccess_4::impl {
 
@@ -23,6 +25,10 @@ const AppValueRecord* AppValues::find(const ObjectRef& owner, const oaAppDef* de
 }
 
 AppValueRecord& AppValues::get(const ObjectRef& owner, const oaAppDef* def) {
+    if (recordOf<AppDefRecord>(def).persistent && isTransient(database_, owner))
+        throw oaError(
+            oacInvalidObjForProp,
+            static_cast<const oaChar*>(oaType(database_.handle(owner)->getType()).getName()));
     std::uint32_t number = numberOf(def);
     if (number == kNone)
         number = addNumber(def);

@@ -39,7 +39,7 @@ constexpr impl::MessageFormat formats[] = {
     {oacBundleNameInvalid, "'%s' is not a bundle name of this name space."},
     {oacHierNameInvalid, "'%s' is not a hierarchical name of this name space."},
     {oacPropNameUsed, "The object already has a property named '%s'."},
-    {oacInvalidObjForProp, "An object of type %s cannot have properties."},
+    {oacInvalidObjForProp, "An object of type %s cannot have properties or stored values."},
     {oacNotAnEnumOfProp, "'%s' is not one of the values of the property."},
     {oacPropBelowItself, "Property '%s' cannot be moved below itself."},
     {oacInvalidObject, "The object was destroyed, or its database was closed."},

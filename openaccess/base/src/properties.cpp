@@ -1,5 +1,6 @@
 #include "base/src/properties.h"
 
+#include "base/src/constant_tables.h"
 #include "base/src/database.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaException.h"
@@ -33,7 +34,7 @@ const oaChar* typeName(const Database& database, const ObjectRef& ref) {
 
 bool isTransient(const Database& database, const ObjectRef& object) {
     const TableBase* table = database.table(object.table);
-    return table && table->id().kind == kTransientKind;
+    return table && table->id().kind == kTransientKind && table->id().parameter != kConstantTable;
 }
 
 Properties::Properties(Database& database)

@@ -1,5 +1,6 @@
 #include "tech/src/tech_database.h"
 
+#include "base/src/constant_tables.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaDerivedLayer.h"
 #include "oa/oaException.h"
@@ -27,7 +28,8 @@ oaObject* LayerRecord::construct(void* where) const {
 TechDatabase::TechDatabase(std::uint32_t slot)
     : layers(addTable<LayerRecord>(kLayerTable)),
       purposes(addTable<PurposeRecord>(kPurposeTable)),
-      reservedPurposes(addTable<PurposeRecord>(TableId{kReservedPurposeTable, kTransientKind, 0})),
+      reservedPurposes(
+          addTable<PurposeRecord>(TableId{kReservedPurposeTable, kTransientKind, kConstantTable})),
       values(addTable<ValueRecord>(kValueTable)),
       layerIndex(*this, layers),
       purposeIndex(*this, purposes),
