@@ -14,7 +14,7 @@ public:
     void reportError(const std::string& line) noexcept;
 
 private:
-    void* handle = nullptr;
+    [[maybe_unused]] void* handle = nullptr;
 };
 
 } // namespace platform
