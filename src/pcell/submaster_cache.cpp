@@ -4,11 +4,6 @@
 
 namespace ovalis {
 
-std::string cacheDirectoryBeside(const std::string& listPath) {
-    // Without a separator the sum is 0, and nothing is left of the path.
-    return listPath.substr(0, listPath.find_last_of("/\\") + 1) + ".vexPcells";
-}
-
 std::string cachedSubmasterPath(const oa::oaDesign& submaster) {
     const oa::oaLibDefList* list = oa::oaLibDefList::getTopList();
     if (list == nullptr) {

@@ -8,7 +8,10 @@ namespace ovalis {
 
 /// The directory of the evaluated submasters that belong to a top library definition list: beside
 /// its file. A path without separator stands for a file in the current directory.
-std::string cacheDirectoryBeside(const std::string& listPath);
+inline std::string cacheDirectoryBeside(const std::string& listPath) {
+    // Without a separator the sum is 0, and nothing is left of the path.
+    return listPath.substr(0, listPath.find_last_of("/\\") + 1) + ".vexPcells";
+}
 
 /// Where the cache has the content of a submaster, whether or not there is such a file; empty when
 /// there is no top library definition list.

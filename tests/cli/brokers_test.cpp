@@ -111,6 +111,27 @@ TEST(Brokers, WritesJsonForPrograms) {
     EXPECT_EQ(Json::parse(told.out), expected);
 }
 
+/// An output at which the database fails.
+class FailingOutput : public std::streambuf {
+protected:
+    int_type overflow(int_type) override {
+        throw oa::oaError(oa::oacInvalidMajorAPIRev, oa::oaUInt4(6), oa::oaUInt4(7));
+    }
+};
+
+TEST(Brokers, AnExceptionOfTheDatabaseIsAnErrorLine) {
+    Installation here;
+    here.set("PCELLBROKER_HOME", std::nullopt);
+    FailingOutput failing;
+    std::ostream out(&failing);
+    out.exceptions(std::ios::badbit);
+    std::ostringstream talk;
+    Console console{out, talk, false};
+    EXPECT_EQ(run({"brokers"}, console), 2);
+    const oa::oaError error(oa::oacInvalidMajorAPIRev, oa::oaUInt4(6), oa::oaUInt4(7));
+    EXPECT_EQ(talk.str(), "ovalis: " + ovalis::fromOa(error.getMsg()) + "\n");
+}
+
 TEST(Brokers, AListOfNoTypesIsSound) {
     Installation here;
     here.change("CONFIG", ",");

@@ -156,6 +156,19 @@ TEST(CacheVerify, TellsForeignFilesDamageAndMissingEntries) {
                   identityOf3 + "  lib/coil/layout: N = 3; in lib/top/layout:I1\n");
 }
 
+TEST(CacheVerify, ADesignThatCannotBeOpenedIsAFinding) {
+    PcellPlace work;
+    work.put();
+    ASSERT_EQ(work.place("I1", {"--param", "N=3"}).status, 0);
+    const std::string file = work.path("lib/top/layout/layout.oa");
+    writeText(file, readText(file).substr(0, 100));
+    const Outcome verified = ovalisHere({"cache", "verify", work.library()});
+    EXPECT_EQ(verified.status, 1);
+    EXPECT_EQ(verified.talk, "looked at 1 entries and 0 instances\n");
+    EXPECT_TRUE(verified.out.starts_with("unread: lib/top/layout: ")) << verified.out;
+    EXPECT_EQ(std::count(verified.out.begin(), verified.out.end(), '\n'), 1) << verified.out;
+}
+
 TEST(CacheExplain, AHitNamesTheFile) {
     PcellPlace work;
     const std::string stored = entryPath(work.put());

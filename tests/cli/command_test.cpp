@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "workplace.h"
+#include "pcell_place.h"
 
 namespace cli::test {
 namespace {
@@ -192,6 +192,31 @@ TEST(Draw, WritesTheSameIntoAFile) {
     EXPECT_EQ(ovalisProgram({"draw", work.library(), "coil", "symbol", "-o", file}),
               (Outcome{0, "", "wrote " + file + "\n"}));
     EXPECT_EQ(ovalisHere({"draw", work.library(), "coil", "symbol"}).out, readText(file));
+}
+
+TEST(Draw, ShowsWhatTheCacheHasForInstances) {
+    PcellPlace work;
+    const auto figures = [](const Outcome& drawn) {
+        const std::size_t begin = drawn.out.find("<g stroke-linejoin");
+        return drawn.out.substr(begin, drawn.out.find("<circle") - begin);
+    };
+    const auto note = "instance I1 has no master to show";
+    ASSERT_EQ(work.place("I1").status, 0);
+    const Outcome without = ovalisProgram({"draw", work.library(), "top", "layout"});
+    EXPECT_NE(without.out.find(note), std::string::npos) << without.out;
+    work.put();
+    const std::string list = work.path("all.defs");
+    writeText(list, "DEFINE lib lib\n");
+    const Outcome named = ovalisProgram({"draw", work.library(), "top", "layout", "--libs", list});
+    EXPECT_NE(named.out.find(note), std::string::npos) << named.out;
+    const Outcome with = ovalisProgram({"draw", work.library(), "top", "layout"});
+    EXPECT_EQ(with.status, 0);
+    EXPECT_EQ(with.out.find(note), std::string::npos) << with.out;
+    EXPECT_NE(with.out.find("<title>lib / top / layout</title>"), std::string::npos);
+    EXPECT_NE(figures(with).find("d=\"M0 0h90v30h-90zm0 30h90l-45 30z\""), std::string::npos)
+        << with.out;
+    work.put({"--libs", list});
+    EXPECT_EQ(ovalisProgram({"draw", work.library(), "top", "layout", "--libs", list}), with);
 }
 
 TEST(Draw, NamesAViewThatIsNotThere) {

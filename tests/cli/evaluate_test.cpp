@@ -9,9 +9,11 @@ using ovalis::test::EnvironmentOverride;
 using ovalis::test::readText;
 using ovalis::test::writeText;
 
-/// Without the last line, which tells of the list that the environment of the tests lacks.
-std::string withoutListWarning(const std::string& talk) {
-    return talk.substr(0, talk.find("  library list: "));
+/// What the database finds wrong in the list beside a cache entry, which names a variable that the
+/// environment of the tests lacks.
+std::string listWarning(const std::string& entry) {
+    return entry.substr(0, entry.rfind(".vexPcells")) +
+           "lib.defs:1: variable 'MOLTRAX_DIR' is not set.";
 }
 
 TEST(Hash, IsThatOfTheNamesAndAllParameters) {
@@ -86,18 +88,21 @@ TEST(Evaluate, AMissingEntryIsToldWithNamesParametersAndPath) {
     PcellPlace work;
     const std::string stored = entryPath(work.put());
     const std::string directory = stored.substr(0, stored.size() - identityOf2.size());
-    Outcome missed = work.onCoil({"evaluate"}, {"--param", "N=3"});
-    missed.talk = withoutListWarning(missed.talk);
-    EXPECT_EQ(missed, (Outcome{1, "",
-                               "ovalis: lib/coil/layout cannot be evaluated by \"PSNPcell\"\n"
-                               "  evaluation of lib/coil/layout: The pcell submaster cannot be "
-                               "produced.\n"
-                               "  parameters: N = 3\n"
-                               "  identity: " +
-                                   identityOf3 +
-                                   "\n"
-                                   "  cache: " +
-                                   directory + identityOf3 + " is not there\n"}));
+    const EnvironmentOverride list("MOLTRAX_DIR", std::nullopt);
+    EXPECT_EQ(work.onCoil({"evaluate"}, {"--param", "N=3"}),
+              (Outcome{1, "",
+                       "ovalis: lib/coil/layout cannot be evaluated by \"PSNPcell\"\n"
+                       "  evaluation of lib/coil/layout: The pcell submaster cannot be "
+                       "produced.\n"
+                       "  parameters: N = 3\n"
+                       "  identity: " +
+                           identityOf3 +
+                           "\n"
+                           "  cache: " +
+                           directory + identityOf3 +
+                           " is not there\n"
+                           "  library list: " +
+                           listWarning(stored) + "\n"}));
 }
 
 TEST(Evaluate, AnEntryServesItsParameters) {
@@ -235,6 +240,9 @@ TEST(Evaluate, AnUnknownEvaluatorIsAFailure) {
 TEST(Evaluate, WritesJsonForPrograms) {
     const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
     PcellPlace work;
+    std::filesystem::create_directory(work.path("oalibs"));
+    writeText(work.path("oalibs/vex.defs"), "");
+    const EnvironmentOverride included("MOLTRAX_DIR", work.path(""));
     ASSERT_EQ(work.makeSpiral().status, 0);
     const Outcome served = work.evaluateSpiral({"--json"});
     EXPECT_EQ(served.status, 0);
@@ -258,18 +266,22 @@ TEST(Evaluate, WritesJsonForPrograms) {
             {"name": "underpassLayer", "type": "int", "value": 6}
         ],
         "evaluated": true, "source": {"kind": "plug-in"}, "shapes": 5,
-        "box": [-105.0, -75.0, 105.0, 75.0], "unit": "micron", "errors": []
+        "box": [-105.0, -75.0, 105.0, 75.0], "unit": "micron", "errors": [], "warnings": []
     })"));
 }
 
 TEST(Evaluate, JsonOfAFailureHasWhatTheObserversWereTold) {
     PcellPlace work;
+    const EnvironmentOverride list("MOLTRAX_DIR", std::nullopt);
+    const std::string stored = entryPath(work.put());
     const Outcome failed = work.onCoil({"evaluate"}, {"--json", "--param", "N=3"});
     EXPECT_EQ(failed.status, 1);
     nlohmann::json json = nlohmann::json::parse(failed.out);
     EXPECT_EQ(json["source"]["kind"], "cache file");
     json.erase("milliseconds");
     json.erase("source");
+    EXPECT_EQ(json["warnings"], nlohmann::json::array({listWarning(stored)}));
+    json.erase("warnings");
     EXPECT_EQ(json, nlohmann::json::parse(R"({
         "library": "lib", "cell": "coil", "view": "layout", "evaluator": "PSNPcell",
         "parameters": [{"name": "N", "type": "int", "value": 3}],

@@ -89,5 +89,31 @@ TEST_F(CacheTest, AReaderNamesEveryDamage) {
     EXPECT_EQ(reader.damageOf(cache.pathOf(hash)), "");
 }
 
+TEST_F(CacheTest, AReaderReadsEverySubmasterOfAnEntry) {
+    cache.put(hash, content(10));
+    const std::string path = cache.pathOf(hash);
+    const std::filesystem::path file = filePath("lib/.vexPcells/" + hash);
+    const std::size_t first = readText(file).size();
+    std::size_t second = 0;
+    {
+        oa::PcellFile more(ovalis::toOa(path));
+        more.open("a");
+        second = more.append(&content(20));
+        more.append(&content(30));
+        more.close();
+    }
+    const std::string whole = readText(file);
+    EntryReader reader;
+    EXPECT_EQ(reader.damageOf(path), "");
+    for (const std::size_t place : {first - 1, second + first - 1, whole.size() - 1}) {
+        std::string changed = whole;
+        changed[place] = static_cast<char>(changed[place] ^ 1);
+        writeText(file, changed);
+        EXPECT_EQ(reader.damageOf(path),
+                  "File '" + path + "' is not a sound database: it has a damaged section.")
+            << place;
+    }
+}
+
 } // namespace
 } // namespace evaluation

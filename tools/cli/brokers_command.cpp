@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
+#include "cli/library_access.h"
 #include "diagnosis/diagnose.h"
 
 namespace cli {
@@ -131,12 +132,14 @@ void writeJson(std::ostream& out, const Report& report) {
 } // namespace
 
 int brokersCommand(const BrokersOptions& options, Console& console) {
-    const Report report = diagnosis::diagnoseBrokers(patience);
-    if (options.json)
-        writeJson(console.out, report);
-    else
-        writeText(console.out, report);
-    return report.isSound() ? success : somethingMissing;
+    return calling([&] {
+        const Report report = diagnosis::diagnoseBrokers(patience);
+        if (options.json)
+            writeJson(console.out, report);
+        else
+            writeText(console.out, report);
+        return report.isSound() ? success : somethingMissing;
+    });
 }
 
 } // namespace cli

@@ -34,6 +34,7 @@ struct OpenCache {
     Cache cache;
 };
 
+/// Tells the designs that cannot be looked at.
 std::vector<CacheUse> usesIn(const OpenLibraries& libraries, Console& console) {
     std::vector<std::string> remarks;
     std::vector<CacheUse> uses = evaluation::cacheUses(libraries.all(), remarks);
@@ -134,9 +135,13 @@ int cacheListCommand(const CacheOptions& options, Console& console) {
 int cacheVerifyCommand(const CacheOptions& options, Console& console) {
     return calling([&] {
         const OpenCache open(options);
-        const std::vector<CacheUse> uses = usesIn(open.libraries, console);
+        std::vector<std::string> unread;
+        const std::vector<CacheUse> uses = evaluation::cacheUses(open.libraries.all(), unread);
         const std::vector<Cache::Entry> entries = open.cache.entries();
-        std::size_t findings = 0;
+        // What a design needs that cannot be opened may be missing too.
+        for (const std::string& design : unread)
+            console.out << "unread: " << design << '\n';
+        std::size_t findings = unread.size();
         if (!entries.empty()) {
             evaluation::EntryReader reader;
             for (const Cache::Entry& entry : entries) {

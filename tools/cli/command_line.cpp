@@ -121,6 +121,7 @@ void addDraw(CLI::App& app, Options& options, Console& console, int& status) {
     CLI::App& command = addCommand(app, "draw", "Draw a design as SVG",
                                    "ovalis draw trial spiral_39n layout -o spiral.svg");
     addCellView(command, options.draw.design);
+    addLibs(command, options.draw.libs);
     command.add_option("-o", options.draw.outputFile, "File to write; standard output without")
         ->type_name("FILE");
     command.callback([&] { status = drawCommand(options.draw, console); });

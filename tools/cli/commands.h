@@ -34,6 +34,8 @@ struct CellViewOptions {
 
 struct DrawOptions {
     CellViewOptions design;
+    /// The top library list; the library's own `lib.defs` when empty.
+    std::string libs;
     std::string outputFile;
 };
 

@@ -126,6 +126,7 @@ void writeJson(std::ostream& out, const PcellTarget& target, const Evaluation& r
     json["unit"] = result.box ? Json(unitOf(result)) : Json();
     json["milliseconds"] = result.time.count();
     json["errors"] = errors;
+    json["warnings"] = target.libraries.warnings();
     out << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 

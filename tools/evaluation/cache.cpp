@@ -1,10 +1,13 @@
 #include "evaluation/cache.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 
 #include <ovalis/library.h>
 
 #include "evaluation/parameters.h"
+#include "pcell/submaster_cache.h"
 #include "platform/atomic_file.h"
 #include "platform/file.h"
 #include "platform/path.h"
@@ -19,11 +22,6 @@ bool isIdentity(const std::string& name) {
            });
 }
 
-std::string besideList(const std::string& listPath) {
-    const std::size_t separator = listPath.find_last_of("/\\");
-    return separator == std::string::npos ? "" : listPath.substr(0, separator + 1);
-}
-
 void write(const std::string& path, oa::oaDesign& content) {
     oa::PcellFile file(ovalis::toOa(path));
     file.open("w");
@@ -31,9 +29,27 @@ void write(const std::string& path, oa::oaDesign& content) {
     file.close();
 }
 
+/// Where the next submaster of an entry begins, behind the one at `offset`, which is sound; nothing
+/// when that is the last one, or when the database that wrote the file has another form of files.
+std::optional<std::uint64_t> nextAfter(const std::string& path, std::uint64_t offset) {
+    constexpr std::string_view magic("\x89OVD\r\n\x1A\n");
+    constexpr std::size_t placeOfSize = 16;
+    constexpr std::uint64_t alignment = 16;
+    std::string head(placeOfSize + sizeof(std::uint64_t), '\0');
+    platform::File file(path, platform::OpenMode::read);
+    file.seek(offset);
+    if (file.read(head.data(), head.size()) != head.size() || !head.starts_with(magic))
+        return std::nullopt;
+    std::uint64_t size = 0;
+    for (std::size_t at = head.size(); at-- > placeOfSize;)
+        size = size << 8 | static_cast<unsigned char>(head[at]);
+    const std::uint64_t next = (offset + size + alignment - 1) / alignment * alignment;
+    return next < file.size() ? std::optional(next) : std::nullopt;
+}
+
 } // namespace
 
-Cache::Cache(const std::string& listPath) : directory_(besideList(listPath) + ".vexPcells") {}
+Cache::Cache(const std::string& listPath) : directory_(ovalis::cacheDirectoryBeside(listPath)) {}
 
 std::string Cache::pathOf(const std::string& hash) const {
     return platform::joinPath(directory_, hash);
@@ -100,11 +116,14 @@ std::string EntryReader::damageOf(const std::string& path) {
     try {
         oa::PcellFile file(ovalis::toOa(path));
         file.open("r");
-        file.read(design_, 0);
+        for (std::optional<std::uint64_t> offset = 0; offset; offset = nextAfter(path, *offset))
+            file.read(design_, *offset);
         file.close();
         return "";
     } catch (const oa::oaException& error) {
         return ovalis::fromOa(error.getMsg());
+    } catch (const platform::SystemFailure& failure) {
+        return failure.what();
     }
 }
 

@@ -66,7 +66,8 @@ public:
     EntryReader& operator=(const EntryReader&) = delete;
     ~EntryReader();
 
-    /// Why the file is no entry that can be used; empty when it is one.
+    /// Why the file is no entry that can be used; empty when it is one. Every submaster that it
+    /// holds is read.
     std::string damageOf(const std::string& path);
 
 private:

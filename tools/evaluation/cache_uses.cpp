@@ -23,17 +23,6 @@ std::string nameOf(const oa::oaLib& library) {
     return ovalis::fromOa(name);
 }
 
-DesignName masterOf(const oa::oaInst& inst) {
-    const oa::oaNativeNS names;
-    oa::oaString library;
-    oa::oaString cell;
-    oa::oaString view;
-    inst.getLibName(names, library);
-    inst.getCellName(names, cell);
-    inst.getViewName(names, view);
-    return {ovalis::fromOa(library), ovalis::fromOa(cell), ovalis::fromOa(view)};
-}
-
 /// Walks designs and remembers the masters that their instances name.
 class UseFinder {
 public:
@@ -86,7 +75,7 @@ private:
     }
 
     void add(const DesignName& placedIn, const oa::oaInst& inst) {
-        const DesignName master = masterOf(inst);
+        const DesignName master = masterNameOf(inst);
         const Pcell* pcell = pcellNamed(master);
         if (pcell == nullptr)
             return;

@@ -17,6 +17,19 @@ std::string numberText(Number value) {
     return {text, result.ptr};
 }
 
+/// Of a design, or of the master that an instance names.
+template <class Named>
+DesignName namesIn(const Named& named) {
+    const oa::oaNativeNS names;
+    oa::oaString library;
+    oa::oaString cell;
+    oa::oaString view;
+    named.getLibName(names, library);
+    named.getCellName(names, cell);
+    named.getViewName(names, view);
+    return {ovalis::fromOa(library), ovalis::fromOa(cell), ovalis::fromOa(view)};
+}
+
 /// Cuts one field after the other off the front.
 class FieldReader {
 public:
@@ -129,14 +142,11 @@ void readValue(FieldReader& reader, unsigned type, const std::string& parameter)
 } // namespace
 
 DesignName nameOf(const oa::oaDesign& design) {
-    const oa::oaNativeNS names;
-    oa::oaString library;
-    oa::oaString cell;
-    oa::oaString view;
-    design.getLibName(names, library);
-    design.getCellName(names, cell);
-    design.getViewName(names, view);
-    return {ovalis::fromOa(library), ovalis::fromOa(cell), ovalis::fromOa(view)};
+    return namesIn(design);
+}
+
+DesignName masterNameOf(const oa::oaInst& inst) {
+    return namesIn(inst);
 }
 
 std::vector<IdentityField> fieldsOf(const std::string& bytes) {

@@ -20,6 +20,9 @@ struct DesignName {
 
 DesignName nameOf(const oa::oaDesign& design);
 
+/// The design that an instance names as its master, whether or not there is one.
+DesignName masterNameOf(const oa::oaInst& inst);
+
 /// One piece of the bytes that identify a submaster.
 struct IdentityField {
     std::string label; ///< what it is: "library", "parameter 1 type" ...
