@@ -11,6 +11,8 @@ namespace pcellBrokerClient {
 
 namespace {
 
+constexpr const char* unknownError = "unknown error";
+
 constexpr std::string_view blanks = " \t\n\v\f\r";
 
 /// Where the number and the message of a database stand in a text.
@@ -58,6 +60,12 @@ std::uint32_t numberOf(std::string_view digits) {
     return static_cast<std::uint32_t>(number);
 }
 
+// A foreign exception may have no text at all.
+std::optional<std::string> messageOf(const oaCommon::IException& error) {
+    const char* const message = error.getMsg();
+    return message != nullptr ? std::optional<std::string>(message) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<std::string> currentMessage() {
@@ -66,7 +74,7 @@ std::optional<std::string> currentMessage() {
     } catch (const oa::oaException& error) {
         return std::string(static_cast<const oa::oaChar*>(error.getMsg()));
     } catch (const oaCommon::IException& error) {
-        return std::string(error.getMsg());
+        return messageOf(error);
     } catch (const std::exception& error) {
         return std::string(error.what());
     } catch (...) {
@@ -88,11 +96,11 @@ ErrorReport currentReport() {
     } catch (const oa::oaException& error) {
         return {static_cast<const oa::oaChar*>(error.getMsg()), evaluationFailed};
     } catch (const oaCommon::IException& error) {
-        return {error.getMsg(), evaluationFailed};
+        return {messageOf(error).value_or(unknownError), evaluationFailed};
     } catch (const std::exception& error) {
         return parseReport(error.what());
     } catch (...) {
-        return {"unknown error", evaluationFailed};
+        return {unknownError, evaluationFailed};
     }
 }
 

@@ -1,26 +1,16 @@
 #include "broker/wire.h"
 
-#include <ios>
 #include <stdexcept>
 
 #include "core/param_encoding.h"
+#include "core/stream_failure.h"
 
 namespace pcellBrokerClient {
 
 namespace {
 
+using ovalis::StreamFailure;
 using Traits = std::streambuf::traits_type;
-
-/// The failure of a stream with exactly the text it was given; that of the standard class goes on
-/// with words of the compiler's library.
-class StreamFailure : public std::ios_base::failure {
-public:
-    explicit StreamFailure(const char* text) : std::ios_base::failure(text), text_(text) {}
-    const char* what() const noexcept override { return text_; }
-
-private:
-    const char* text_;
-};
 
 /// What encodings are written to.
 struct StreamSink {

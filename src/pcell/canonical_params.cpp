@@ -1,12 +1,12 @@
 #include "pcell/canonical_params.h"
 
 #include <algorithm>
-#include <ios>
 #include <iterator>
 #include <stdexcept>
 #include <string>
 
 #include "core/param_encoding.h"
+#include "core/stream_failure.h"
 
 namespace ovalis {
 
@@ -19,16 +19,14 @@ public:
 
     void byte(unsigned char value) {
         if (stream_.sputc(static_cast<char>(value)) == std::streambuf::traits_type::eof()) {
-            throw std::ios_base::failure(
-                "std::streambuf::sputc in vexPcellCache::serialize_oa_param_array");
+            throw StreamFailure("std::streambuf::sputc in vexPcellCache::serialize_oa_param_array");
         }
     }
 
     void bytes(const void* data, std::size_t size) {
         const auto count = static_cast<std::streamsize>(size);
         if (stream_.sputn(static_cast<const char*>(data), count) != count) {
-            throw std::ios_base::failure(
-                "std::streambuf::sputn in vexPcellCache::serialize_oa_param_array");
+            throw StreamFailure("std::streambuf::sputn in vexPcellCache::serialize_oa_param_array");
         }
     }
 

@@ -4,6 +4,8 @@
 #include <set>
 #include <sstream>
 
+#include "base/src/map_window.h"
+#include "broker/wire.h"
 #include "design_fixture.h"
 
 namespace pcellBrokerClient::test {
@@ -83,6 +85,14 @@ protected:
     Errors errors;
 };
 
+/// The bytes that definition data is read from and written to.
+struct Data {
+    std::string bytes = "old data";
+    oa::oaUInt4 loc = 1;
+    oa::oaMapFileWindow window = oa::impl::MapWindowAccess::windowOver(
+        reinterpret_cast<oa::oaByte*>(bytes.data()), bytes.size());
+};
+
 /// A broker that is alive and then neither answers nor ends: reading throws no exception of any
 /// kind that is known.
 class Throwing : public std::streambuf {
@@ -100,7 +110,53 @@ private:
     bool isAlive_ = true;
 };
 
+/// A broker that is there whenever it is asked.
+class Alive : public std::streambuf {
+protected:
+    int_type uflow() override { return ':'; }
+    int_type underflow() override { return traits_type::eof(); }
+};
+
+/// Takes the request for a design with a parameter "w" up to the kind of that, and there does what
+/// the value of a parameter of an unknown kind does: a parameter of this database is never of one.
+class UnknownKind : public std::streambuf {
+public:
+    std::string bytes;
+
+protected:
+    int_type overflow(int_type c) override {
+        using namespace std::string_literals;
+        if (bytes.ends_with("\1\0\0\0w\0\0"s)) {
+            writeParamValue(*this, 7, oa::oaParam("w", 1));
+        }
+        bytes += traits_type::to_char_type(c);
+        return c;
+    }
+};
+
 } // namespace
+
+TEST_F(BrokeredPcellTest, AParameterOfAnUnknownKindBreaksTheConnection) {
+    BrokerConnection& connection = brokers->connections.at({6, false});
+    auto toBroker = std::make_unique<UnknownKind>();
+    const std::string& sent = toBroker->bytes;
+    connection.fromBroker = std::make_unique<Alive>();
+    connection.toBroker = std::move(toBroker);
+    connection.alive = true;
+    useAnswerOfProbe(0);
+    const Evaluator pcell = evaluator();
+    const oa::oaParam param("w", 1);
+    oa::oaDesign& master = masterWith(oa::oaParamArray(&param, 1), "cell");
+    pcell->onEval(&master, nullptr);
+    EXPECT_THAT(errors.take(),
+                ElementsAre("2 cell: pcellBrokerCommon::serializeOaParamArray: unsupported "
+                            "parameter type 7"));
+    const std::string sentBefore = sent;
+    pcell->onEval(&master, nullptr);
+    EXPECT_THAT(errors.take(),
+                ElementsAre("2 cell: broken connection to pcellBroker6 using internal OA libs"));
+    EXPECT_EQ(sent, sentBefore);
+}
 
 TEST_F(BrokeredPcellTest, AnswersItsNameWithoutChoosing) {
     oa::oaString answer;
@@ -216,11 +272,14 @@ TEST_F(BrokeredPcellTest, EveryOperationButTheNameChooses) {
     useProgram("broker_answers");
     oa::oaDesign& subject = design("cell");
     std::unique_ptr<oa::oaPcellDef> def;
+    Data data;
     const std::vector<std::function<void(BrokeredPcell&)>> operations = {
         [&](BrokeredPcell& pcell) { def.reset(pcell.getPcellDef()); },
         [&](BrokeredPcell& pcell) { pcell.onBind(&subject, nullptr); },
         [&](BrokeredPcell& pcell) { pcell.onUnbind(&subject, nullptr); },
         [&](BrokeredPcell& pcell) { pcell.onEval(&subject, nullptr); },
+        [&](BrokeredPcell& pcell) { pcell.onRead(&subject, data.window, data.loc, nullptr); },
+        [&](BrokeredPcell& pcell) { pcell.onWrite(&subject, data.window, data.loc, nullptr); },
         [&](BrokeredPcell& pcell) { pcell.calcDiskSize(nullptr); }};
     for (const auto& operation : operations) {
         brokers->system = std::make_shared<FailingSystem>(0);
@@ -239,6 +298,11 @@ TEST_F(BrokeredPcellTest, WithoutANativeOneItsDefinitionIsItsOwn) {
     EXPECT_EQ(def->getIPcell(), pcell.getRef());
     EXPECT_EQ(pcell->calcDiskSize(def), 0U);
     pcell->onBind(&design("cell"), def);
+    Data data;
+    pcell->onRead(&design("cell"), data.window, data.loc, def);
+    pcell->onWrite(&design("cell"), data.window, data.loc, def);
+    EXPECT_EQ(data.bytes, "old data");
+    EXPECT_EQ(data.loc, 1U);
     pcell->onUnbind(&design("cell"), def); // deletes it
     pcell->onUnbind(&design("cell"), nullptr);
     EXPECT_THAT(errors.take(), testing::IsEmpty());
@@ -365,8 +429,15 @@ TEST_F(BrokeredPcellTest, GivesEverythingToANativeOne) {
     EXPECT_EQ(pcell->calcDiskSize(def), 77U);
     pcell->onBind(&subject, def);
     pcell->onEval(&subject, def);
+    Data data;
+    pcell->onRead(&subject, data.window, data.loc, def);
+    EXPECT_EQ(data.loc, 3U);
+    pcell->onWrite(&subject, data.window, data.loc, def);
+    EXPECT_EQ(data.loc, 6U);
+    EXPECT_EQ(data.bytes, "oldnewta");
     pcell->onUnbind(&subject, def);
-    EXPECT_THAT(errors.take(), ElementsAre("2 cell: bind", "2 cell: eval", "2 cell: unbind"));
+    EXPECT_THAT(errors.take(), ElementsAre("2 cell: bind", "2 cell: eval", "2 cell: read ld",
+                                           "2 cell: write", "2 cell: unbind"));
     EXPECT_EQ(versionsStarted(), "");
 }
 

@@ -41,6 +41,21 @@ ErrorReport parsedByExpression(const std::string& text) {
     return {message, static_cast<std::uint32_t>(std::stoi(match[2]))};
 }
 
+/// An exception of a plug-in that has no text.
+struct Wordless : oaCommon::ExceptionBase {
+    Wordless() : ExceptionBase(17, "") {}
+    const char* getMsg() const override { return nullptr; }
+};
+
+template <class Error>
+std::optional<std::string> messageOf(const Error& error) {
+    try {
+        throw error;
+    } catch (...) {
+        return currentMessage();
+    }
+}
+
 } // namespace
 
 TEST(ErrorReport, TakesNumberAndMessageOfADatabase) {
@@ -109,4 +124,11 @@ TEST(ErrorReport, ExceptionsOfTheDatabaseCountAsTheyAre) {
     EXPECT_EQ(reportOf(std::runtime_error(": Error[5]: a")), (ErrorReport{"a", 5}));
     EXPECT_EQ(reportOf(std::logic_error("crash")), (ErrorReport{"crash", 2}));
     EXPECT_EQ(reportOf(1), (ErrorReport{"unknown error", 2}));
+}
+
+TEST(ErrorReport, AnExceptionMayHaveNoText) {
+    EXPECT_EQ(messageOf(oaCommon::ExceptionBase(17, "text")), "text");
+    EXPECT_EQ(messageOf(Wordless()), std::nullopt);
+    EXPECT_EQ(messageOf(1), std::nullopt);
+    EXPECT_EQ(reportOf(Wordless()), (ErrorReport{"unknown error", 2}));
 }

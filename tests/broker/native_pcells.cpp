@@ -19,12 +19,15 @@ public:
         delete def;
     }
     void onEval(oa::oaDesign* design, oa::oaPcellDef*) override { tell(design, "eval"); }
-    void onRead(oa::oaDesign* design, oa::oaMapFileWindow&, oa::oaUInt4&,
+    void onRead(oa::oaDesign* design, oa::oaMapFileWindow& window, oa::oaUInt4& loc,
                 oa::oaPcellDef*) override {
-        tell(design, "read");
+        std::string text(2, '-');
+        window.data().readBytes(loc, 2, reinterpret_cast<oa::oaByte*>(text.data()));
+        tell(design, ("read " + text).c_str());
     }
-    void onWrite(oa::oaDesign* design, oa::oaMapFileWindow&, oa::oaUInt4&,
+    void onWrite(oa::oaDesign* design, oa::oaMapFileWindow& window, oa::oaUInt4& loc,
                  oa::oaPcellDef*) override {
+        window.data().writeBytes(loc, 3, reinterpret_cast<const oa::oaByte*>("new"));
         tell(design, "write");
     }
     oa::oaUInt4 calcDiskSize(oa::oaPcellDef*) const override { return 77; }

@@ -72,7 +72,7 @@ public:
         return platform::lastSystemErrorText();
     }
 
-private:
+protected:
     bool fails() {
         const bool fails = calls_++ == failing_;
         if (fails) {
@@ -81,6 +81,7 @@ private:
         return fails;
     }
 
+private:
     int failing_;
     int calls_ = 0;
 };

@@ -147,10 +147,13 @@ TEST_F(FrontTest, EndsAWorkerThatAnswersNonsense) {
     EXPECT_TRUE(failure(*broker, "answer without end").starts_with(failed + "the answer to "));
 }
 
-TEST_F(FrontTest, TakesASuccessWithoutAResultForNone) {
+TEST_F(FrontTest, EndsAWorkerThatTellsASuccessWithoutAResult) {
     const auto broker = start();
+    const std::string worker = answerTo(*broker, "number").text;
     EXPECT_EQ(failure(*broker, "draw nothing"),
               "front: Error[2]: the evaluating process wrote no result");
+    EXPECT_FALSE(platform::isProcessAlive(static_cast<platform::ProcessId>(std::stoul(worker))));
+    EXPECT_NE(answerTo(*broker, "number").text, worker);
 }
 
 TEST_F(FrontTest, SaysWhyItHasNoWorker) {

@@ -246,6 +246,8 @@ TEST_F(PlugIn, TellsWhyItsConstructorFails) {
     EXPECT_EQ(
         failureOf("failing"),
         failed("failing", "its constructor failed: the answer is not known yet (status 17)", 17));
+    EXPECT_EQ(failureOf("failing_silently"),
+              failed("failing_silently", "its constructor failed (status 18)", 18));
 }
 
 TEST_F(PlugIn, IsAlsoFoundWhereTheSystemFindsLibraries) {

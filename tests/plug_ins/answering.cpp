@@ -39,11 +39,26 @@ public:
     int answer() const override { return 0; }
 };
 
+/// Fails with an exception that has no text.
+class FailingSilently : public oaCommon::PlugInBase<IAnswer> {
+public:
+    FailingSilently() {
+        struct Silence : oaCommon::ExceptionBase {
+            using ExceptionBase::ExceptionBase;
+            const char* getMsg() const override { return nullptr; }
+        };
+        throw Silence(18, "");
+    }
+
+    int answer() const override { return 0; }
+};
+
 Factory<Answer> Answer::factory("answer");
 Factory<Answer> Answer::secondFactory("answer_too");
 Factory<Answer> nonAscii("größe");
 Factory<Count> countFactory("count");
 Factory<Failing> failingFactory("failing");
+Factory<FailingSilently> failingSilentlyFactory("failing_silently");
 
 } // namespace
 

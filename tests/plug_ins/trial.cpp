@@ -6,6 +6,8 @@
 #include <oa/oaDesignDB.h>
 #include <oa/oaDesignInterfaces.h>
 
+#include "platform/process.h"
+
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -68,6 +70,8 @@ void say(oaDesign* design) {
     draw(design);
 }
 
+void drawNothing(oaDesign*) {}
+
 void failInDatabase(oaDesign*) {
     throw oaDesignError(1201);
 }
@@ -88,6 +92,11 @@ void report(oaDesign* design) {
     oaPcellObserver::notifyErrorObservers(design, "bad width", oaUInt4(1234));
 }
 
+// A failure whose text is the number of the process.
+void tellNumber(oaDesign*) {
+    throw ExceptionBase(17, std::to_string(platform::currentProcessId()).c_str());
+}
+
 void crash(oaDesign*) {
     std::cerr << "about to crash" << std::endl;
     std::abort();
@@ -106,12 +115,14 @@ void allocate(oaDesign*) {
 
 const std::map<std::string, void (*)(oaDesign*)> actions = {
     {"draw", draw},
+    {"draw nothing", drawNothing},
     {"say", say},
     {"fail in the database", failInDatabase},
     {"fail in the plug-in", failInPlugIn},
     {"fail as usual", failAsUsual},
     {"fail strangely", failStrangely},
     {"report", report},
+    {"number", tellNumber},
     {"crash", crash},
     {"hang", hang},
     {"allocate", allocate},

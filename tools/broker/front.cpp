@@ -84,8 +84,10 @@ Answer Front::evaluate(const Request& request) {
     if (!answer.success)
         return answer;
     lastResult = directory.resultPath(token);
-    if (!platform::isFile(lastResult))
+    if (!platform::isFile(lastResult)) {
+        endWorker(); // it is not what it says it is
         return {false, errorText(name, 2, "the evaluating process wrote no result")};
+    }
     return {true, lastResult};
 }
 
@@ -101,6 +103,11 @@ Answer Front::ask(const Request& request, const std::string& token) {
     } catch (const std::exception& error) {
         return {false, errorText(name, 2, error.what())};
     }
+}
+
+void Front::endWorker() noexcept {
+    const std::lock_guard lock(workerMutex);
+    worker->end();
 }
 
 WorkerLink& Front::usableWorker() {

@@ -34,6 +34,7 @@ private:
     Answer evaluate(const Request& request);
     Answer ask(const Request& request, const std::string& token);
     WorkerLink& usableWorker();
+    void endWorker() noexcept;
     void dropResult() noexcept;
     void send(const std::string& bytes);
     [[noreturn]] void finish(int status) noexcept;

@@ -70,7 +70,9 @@ void* make(IFactory& factory, const Guid& interfaceID, const std::string& module
     try {
         status = factory.createInstance(nullptr, interfaceID, &instance);
     } catch (const IException& error) {
-        throw Refusal(error.getMsgId(), "its constructor failed: " + std::string(error.getMsg()));
+        const char* const message = error.getMsg();
+        throw Refusal(error.getMsgId(),
+                      "its constructor failed" + (message ? ": " + std::string(message) : ""));
     } catch (const std::exception& error) {
         throw std::runtime_error("its constructor failed: " + std::string(error.what()));
     } catch (...) {

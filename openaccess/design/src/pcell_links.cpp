@@ -1,5 +1,6 @@
 #include "design/src/pcell_links.h"
 
+#include "design/src/pcell_observers.h"
 #include "oa/oaCommonIException.h"
 #include "oa/oaDesignException.h"
 
@@ -79,9 +80,9 @@ oaPcellDef* oaPcellLink::getPcellDef(const oaString& name) {
     oaPcellLink* link = nullptr;
     try {
         link = PcellLinks::instance().findOrLoad(name);
-    } catch (const oaCommon::IException& error) {
+    } catch (const oaCommon::IException&) {
         throw oaDesignError(oacPcellEvaluatorNotFound, static_cast<const oaChar*>(name),
-                            error.getMsg());
+                            static_cast<const oaChar*>(textOfFailure()));
     }
     return link->getIPcell()->getPcellDef();
 }

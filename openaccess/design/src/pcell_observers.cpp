@@ -30,17 +30,24 @@ void notifyPostEval(oaDesign* design, oaPcellDef* def) {
     pcellObservers().notify([&](oaPcellObserver& each) { each.onPostEval(design, def); });
 }
 
+namespace {
+
+constexpr const oaChar* noMessage = "The evaluator failed without a message.";
+
+} // namespace
+
 oaString textOfFailure() {
     try {
         throw;
     } catch (const oaException& failure) {
         return failure.getMsg();
     } catch (const oaCommon::IException& failure) {
-        return failure.getMsg();
+        const char* const message = failure.getMsg(); // a foreign one may have none
+        return message != nullptr ? message : noMessage;
     } catch (const std::exception& failure) {
         return failure.what();
     } catch (...) {
-        return "The evaluator failed without a message.";
+        return noMessage;
     }
 }
 
