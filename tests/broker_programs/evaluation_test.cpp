@@ -7,8 +7,8 @@
 #include <oa/oaDesignDB.h>
 #include <oa/oaDesignInterfaces.h>
 
-#include "support/files.h"
 #include "support/run_program.h"
+#include "trial_library.h"
 
 namespace broker::test {
 
@@ -17,10 +17,6 @@ namespace {
 using namespace conformance;
 using namespace oa;
 using ovalis::test::EnvironmentOverride;
-
-oaScalarName name(const std::string& text) {
-    return oaScalarName(oaNativeNS(), text.c_str());
-}
 
 /// What a result holds: the right edges of its rectangles, and its properties.
 struct Drawing {
@@ -41,39 +37,14 @@ void PrintTo(const Drawing& drawing, std::ostream* stream) {
 class EvaluationTest : public BrokerTest, public ::testing::WithParamInterface<const char*> {
 protected:
     EvaluationTest()
-        : plugIns("OA_PLUGIN_PATH", TEST_PLUG_INS),
+        : library(pathOf("")),
           seconds("PCELLBROKER_EVALUATION_SECONDS", "60"),
-          megabytes("PCELLBROKER_EVALUATION_MEGABYTES", std::nullopt) {
-        oaDesignInit();
-        lib = oaLib::create(name("lib"), pathOf("lib").c_str());
-        writeDefinitions("DEFINE lib lib\n");
-        saveMaster({});
-    }
+          megabytes("PCELLBROKER_EVALUATION_MEGABYTES", std::nullopt) {}
 
-    ~EvaluationTest() override {
-        lib->close();
-        oaPcellLink::find("trial")->destroy();
-    }
-
-    void writeDefinitions(const std::string& text) const {
-        ovalis::test::writeText(pathOf("lib.defs"), text);
-    }
-
-    static oaDesign* design(const std::string& cell) {
-        return oaDesign::open(name("lib"), name(cell), name("layout"),
-                              oaViewType::get(oacMaskLayout), 'w');
-    }
-
-    /// The super master has the text parameter "action", to draw, and further ones.
-    void saveMaster(std::vector<oaParam> further) {
-        oaParamArray params;
-        params.append(oaParam("action", oaString("draw")));
-        for (const oaParam& param : further)
-            params.append(param);
-        oaDesign* const master = design("cell");
-        master->defineSuperMaster(oaPcellLink::getPcellDef("trial"), params);
-        master->save();
-        master->close();
+    static oaDesign* design(const std::string& cell) { return TrialLibrary::design(cell); }
+    void writeDefinitions(const std::string& text) const { library.writeDefinitions(text); }
+    static void saveMaster(const std::vector<oaParam>& further) {
+        TrialLibrary::saveMaster(further);
     }
 
     /// A broker that knows the library.
@@ -148,10 +119,9 @@ protected:
     const Drawing simple = {{10}, {{"action", "draw"}}};
 
 private:
-    EnvironmentOverride plugIns;
+    TrialLibrary library;
     EnvironmentOverride seconds;
     EnvironmentOverride megabytes;
-    oaLib* lib;
 };
 
 INSTANTIATE_TEST_SUITE_P(Broker, EvaluationTest, ::testing::Values("5", "6"));
@@ -237,9 +207,9 @@ TEST_P(EvaluationTest, SaysWhatTheDatabaseSays) {
 
 TEST_P(EvaluationTest, OfWhatIsNotThereFailsWithAMessage) {
     const auto broker = start();
-    const auto textOf = [&](const std::string& library, const std::string& cell) {
+    const auto textOf = [&](const std::string& lib, const std::string& cell) {
         const Evaluated answer =
-            broker->evaluate(evaluate(library, cell, "layout") + integer(0)).value();
+            broker->evaluate(evaluate(lib, cell, "layout") + integer(0)).value();
         EXPECT_EQ(answer.status, 0);
         return answer.text;
     };
@@ -249,6 +219,11 @@ TEST_P(EvaluationTest, OfWhatIsNotThereFailsWithAMessage) {
     plain->save();
     plain->close();
     EXPECT_NE(textOf("lib", "plain").find(": Error["), std::string::npos);
+}
+
+TEST_P(EvaluationTest, ThatDrawsNothingAndSaysNothingIsToldAsThat) {
+    EXPECT_EQ(failure(*start(), "draw nothing"),
+              "the evaluator made no block and told no error: lib/cell/layout");
 }
 
 TEST_P(EvaluationTest, SaysWhyTheSetUpFailed) {

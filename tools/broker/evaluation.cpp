@@ -16,6 +16,8 @@ namespace {
 
 using namespace OpenAccess_4;
 
+constexpr const char* unknownError = "unknown error";
+
 /// A failure of the database that was told to its observers.
 struct ReportedFailure {
     unsigned long long code;
@@ -130,6 +132,15 @@ void writeResult(oaDesign* design, const std::string& path) {
     file.close();
 }
 
+// The database gives no design also for one whose evaluator has said nothing and drawn nothing.
+std::string reasonOfNoDesign(const Request& request, const oaScalarName& library,
+                             const oaScalarName& cell, const oaScalarName& view) {
+    const std::string names = request.library + "/" + request.cell + "/" + request.view;
+    return oaDesign::exists(library, cell, view)
+               ? "the evaluator made no block and told no error: " + names
+               : "there is no such design: " + names;
+}
+
 void evaluateInto(const Request& request, const std::string& resultPath) {
     const DesignsOfEvaluation designs;
     const ErrorCollector errors;
@@ -139,8 +150,7 @@ void evaluateInto(const Request& request, const std::string& resultPath) {
     oaDesign* const evaluated = oaDesign::open(library, cell, view, paramsOf(request.parameters));
     errors.check();
     if (evaluated == nullptr)
-        throw std::runtime_error("there is no such design: " + request.library + "/" +
-                                 request.cell + "/" + request.view);
+        throw std::runtime_error(reasonOfNoDesign(request, library, cell, view));
     writeResult(evaluated, resultPath);
     errors.check();
 }
@@ -154,13 +164,15 @@ std::string messageOf(const std::string& name) {
     } catch (const oaException& error) {
         return errorText(name, error.getMsgId(), static_cast<const oaChar*>(error.getMsg()));
     } catch (const oaCommon::IException& error) {
-        return errorText(name, static_cast<unsigned long>(error.getMsgId()), error.getMsg());
+        const char* const message = error.getMsg(); // a foreign one may have none
+        return errorText(name, static_cast<unsigned long>(error.getMsgId()),
+                         message != nullptr ? message : unknownError);
     } catch (const std::bad_alloc&) {
         return errorText(name, 2, "the evaluating process has no more memory");
     } catch (const std::exception& error) {
         return error.what();
     } catch (...) {
-        return "unknown error";
+        return unknownError;
     }
 }
 
