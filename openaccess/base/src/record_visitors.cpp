@@ -9,6 +9,7 @@ RecordChecker::RecordChecker(const Database& database)
     for (std::uint32_t number = 0; number < database.tableCount(); ++number) {
         const TableBase* table = database.table(number);
         slots_.push_back(table ? table->slots() : 0);
+        holdsObjects_.push_back(table && table->holdsObjects());
     }
 }
 

@@ -26,8 +26,10 @@ public:
     void optionalSlot(std::uint32_t table, std::uint32_t slot) {
         require(slot == kNone || slot < slotsOf(table));
     }
+    /// An object that clients see.
     void object(const ObjectRef& ref) {
-        require(ref == kDatabaseItself || ref.slot < slotsOf(ref.table));
+        require(ref == kDatabaseItself ||
+                (ref.slot < slotsOf(ref.table) && holdsObjects_[ref.table]));
     }
     /// One of the enumerators 0 to `count` - 1.
     void enumerator(std::uint32_t value, std::uint32_t count) { require(value < count); }
@@ -43,6 +45,7 @@ private:
     std::uint32_t strings_;
     std::uint64_t points_;
     std::vector<std::uint32_t> slots_;
+    std::vector<bool> holdsObjects_;
     bool passed_ = true;
 };
 

@@ -67,6 +67,8 @@ public:
     std::span<oaObject> handlesFrom(std::uint32_t slot);
 
     virtual oaTypeEnum typeOf(std::uint32_t slot) const = 0;
+    /// True when the slots are objects that clients see: only to those can anything be attached.
+    virtual bool holdsObjects() const = 0;
     virtual Location locate(std::uint32_t slot) const;
 
     // Reading and writing of whole tables.
@@ -169,8 +171,11 @@ public:
 
     void destroy(std::uint32_t slot) {
         retire(slot);
-        if constexpr (!std::is_trivially_destructible_v<Record>)
-            (*this)[slot] = Record{};
+        if constexpr (!std::is_trivially_destructible_v<Record>) {
+            Record& record = (*this)[slot];
+            record.~Record();
+            new (&record) Record{};
+        }
     }
 
     /// Calls `visit(slot, record)` for every live slot.
@@ -186,6 +191,12 @@ public:
             return (*this)[slot].type();
         else
             return Record::kType;
+    }
+    bool holdsObjects() const override {
+        if constexpr (requires { Record::kType; })
+            return Record::kType != oacUnknownType;
+        else
+            return true;
     }
     Location locate(std::uint32_t slot) const override {
         if constexpr (requires(const Record& record) { record.location(); })
