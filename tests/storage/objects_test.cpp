@@ -288,7 +288,8 @@ TEST_F(Attachments, RefusePropertiesOnSessionObjects) {
         FAIL() << "no error";
     } catch (const oaError& error) {
         EXPECT_EQ(error.getMsgId(), oaUInt4(oacInvalidObjForProp));
-        EXPECT_STREQ(error.getMsg(), "An object of type Session cannot have properties.");
+        EXPECT_STREQ(error.getMsg(),
+                     "An object of type Session cannot have properties or stored values.");
     }
 }
 
