@@ -14,14 +14,6 @@ namespace OpenAccess_4 {
 
 using namespace impl;
 
-namespace {
-
-OpenDesignRecord& recordFor(const oaDesign* design) {
-    return recordOf<OpenDesignRecord>(design);
-}
-
-} // namespace
-
 oaDesign* oaDesign::open(const oaScalarName& libName, const oaScalarName& cellName,
                          const oaScalarName& viewName, const oaViewType* viewType, oaChar mode) {
     return openDesign(designNames(libName, cellName, viewName), viewType, mode);

@@ -1,6 +1,7 @@
 #include "design/src/inst_headers.h"
 
 #include "design/src/design_database.h"
+#include "design/src/open_designs.h"
 #include "oa/oaDesign.h"
 
 #include <algorithm>
@@ -81,8 +82,8 @@ oaDesign* SubHeaders::bound(std::uint32_t sub) const {
 
 void SubHeaders::bind(std::uint32_t sub, oaDesign* submaster) {
     oaDesign* former = std::exchange(table[sub].bound, submaster);
-    if (submaster)
-        ++uses_[submaster];
+    if (submaster && ++uses_[submaster] == 1)
+        noteBinder(submaster, database_.design());
     if (const auto use = uses_.find(former); use != uses_.end() && --use->second == 0)
         uses_.erase(use);
 }

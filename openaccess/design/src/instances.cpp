@@ -112,7 +112,10 @@ oaDesign* Instances::bind(std::uint32_t master) {
 
 void Instances::bind(std::uint32_t master, oaDesign* design) {
     bound_.resize(masters.slots());
+    if (bound_[master] == design)
+        return;
     bound_[master] = design;
+    noteBinder(design, database_.design());
 }
 
 bool Instances::isPcell(std::uint32_t master) {
@@ -165,13 +168,21 @@ std::vector<oaDesign*> Instances::boundMasters() const {
     return designs;
 }
 
+/// The slot of the master that is bound to `design`, or kNone.
+std::uint32_t Instances::masterBoundTo(const oaDesign* design) {
+    const std::uint32_t master = findMaster(recordFor(design).names);
+    return master < bound_.size() && bound_[master] == design ? master : kNone;
+}
+
 bool Instances::isBoundTo(const oaDesign* design) {
     if (subHeaders.isBoundTo(design))
         return true;
-    for (std::uint32_t master = 0; master < bound_.size(); ++master)
-        if (bound_[master] == design && masterInsts.any(master))
-            return true;
-    return false;
+    const std::uint32_t master = masterBoundTo(design);
+    return master != kNone && masterInsts.any(master);
+}
+
+bool Instances::knows(const oaDesign* design) {
+    return subHeaders.isBoundTo(design) || masterBoundTo(design) != kNone;
 }
 
 void Instances::setMaster(std::uint32_t slot, std::uint32_t master) {

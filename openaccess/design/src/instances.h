@@ -52,6 +52,8 @@ public:
     std::vector<oaDesign*> boundMasters() const;
     /// True when an instance, not only a former one, is bound to `design`.
     bool isBoundTo(const oaDesign* design);
+    /// True also when only former instances were: others of the same master would be bound again.
+    bool knows(const oaDesign* design);
     /// Groups the instances anew when their super master has got other parameters: parameters that
     /// it does not have become properties, properties that it has become parameters.
     void regroup(const oaDesign* superMaster);
@@ -94,6 +96,7 @@ public:
     SubHeaders subHeaders;
 
 private:
+    std::uint32_t masterBoundTo(const oaDesign* design);
     void clearParams(std::uint32_t slot);
     bool hasParams(std::uint32_t master);
     oaDesign* bindSub(std::uint32_t inst, oaDesign* superMaster);

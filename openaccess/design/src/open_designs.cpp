@@ -6,10 +6,7 @@
 #include "design/src/names.h"
 #include "design/src/submasters.h"
 #include "oa/oaBaseMsgIds.h"
-#include "oa/oaDesignException.h"
 #include "oa/oaDesignObserver.h"
-#include "oa/oaTech.h"
-#include "storage/src/database_file.h"
 
 #include "platform/file.h"
 
@@ -22,23 +19,13 @@ using DesignObserver = oaVersionedObserver<oaDesign>;
 
 namespace {
 
-template <class... Arguments>
-oaDesignError errorOf(oaUInt4 id, const DesignNames& names, Arguments... arguments) {
-    return oaDesignError(id, names.lib.c_str(), names.cell.c_str(), names.view.c_str(),
-                         arguments...);
-}
-
 oaTime now() {
     return oaTime(std::time(nullptr));
 }
 
 void requireMode(const DesignNames& names, oaChar mode) {
     if (mode != 'r' && mode != 'a' && mode != 'w')
-        throw errorOf(oacOpenUndefinedModeDesign, names, mode);
-}
-
-OpenDesignRecord& recordFor(const oaDesign* design) {
-    return recordOf<OpenDesignRecord>(design);
+        throw designError(oacOpenUndefinedModeDesign, names, mode);
 }
 
 /// Answers whether there was something to empty.
@@ -65,7 +52,7 @@ void bindPcellAnew(oaDesign* design, const DesignDatabase* formerContent) {
 /// Reads the content of the file. The caller holds access.
 void load(OpenDesignRecord& design, oaDesign* handle) {
     if (!hasContent(design.path))
-        throw errorOf(oacCannotFindDesign, design.names);
+        throw designError(oacCannotFindDesign, design.names);
     auto content = DesignDatabase::read(handle, design.path);
     design.header = headerOf(design.path);
     design.lastSavedTime =
@@ -182,18 +169,6 @@ oaDesign* openAgain(oaDesign* open, const oaViewType* wanted, oaChar mode) {
     return open;
 }
 
-/// Takes back what was made on disk for a design that was never saved.
-void removeFromDisk(const OpenDesignRecord& design) {
-    if (!design.place.cellViewIsNew || hasContent(design.path))
-        return;
-    try {
-        const DesignAccess access(design.lib, design.names, oacWriteLibAccess);
-        removeUnsaved(design.place);
-    } catch (const oaException&) {
-        // An empty cell view is left behind. Closing a design does not fail for it.
-    }
-}
-
 void purgeDesignsOf(const oaLib* lib) {
     std::vector<oaObject*> designs;
     openDesigns().forEach([&](std::uint32_t slot, const OpenDesignRecord& design) {
@@ -227,17 +202,6 @@ Table<OpenDesignRecord>& openSubmasters() {
     static Table<OpenDesignRecord>& submasters =
         Session::instance().addTable<OpenDesignRecord>(kSubmasterTable);
     return submasters;
-}
-
-void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content) {
-    std::vector<oaDesign*> masters;
-    if (design.content) {
-        design.content->pcell.unbind();
-        masters = design.content->instances.boundMasters();
-        std::erase(masters, design.content->design());
-    }
-    design.content = std::move(content);
-    purgeUnused(masters);
 }
 
 oaDesign* findOpenDesign(const DesignNames& names) {
@@ -299,208 +263,6 @@ void revertDesign(oaDesign* design) {
         load(record, design);
     }
     bindPcellAnew(design, formerContent);
-}
-
-namespace {
-
-/// Does a piece of work between the news that it begins and the news of how it ended.
-template <class Work, class Notify>
-void withNews(Work work, Notify notifyEnd) {
-    try {
-        work();
-    } catch (...) {
-        notifyEnd(false);
-        throw;
-    }
-    notifyEnd(true);
-}
-
-void writeToItsFile(OpenDesignRecord& record) {
-    record.content->pcell.pack();
-    const DesignAccess access(record.lib, record.names, oacWriteLibAccess);
-    record.content->dropUnused();
-    writeDatabaseFile(record.path, DatabaseFileKind::Design, *record.content);
-    record.content->setModified(false);
-    record.place = {};
-    record.header = headerOf(record.path);
-    record.lastSavedTime = now();
-}
-
-void writeToAnotherFile(const OpenDesignRecord& record, const DesignNames& names,
-                        const oaLib* lib) {
-    record.content->info();
-    record.content->pcell.pack();
-    const DesignAccess access(lib, names, oacWriteLibAccess);
-    const DesignPlace place = makePlace(lib, names, viewTypeFor(lib, names, record.viewType));
-    try {
-        const std::string path = primaryPath(place.cellView);
-        const EditLock lock = EditLock::acquire(path);
-        writeDatabaseFile(path, DatabaseFileKind::Design, *record.content);
-    } catch (...) {
-        removeUnsaved(place);
-        throw;
-    }
-}
-
-} // namespace
-
-void saveDesign(oaDesign* design) {
-    OpenDesignRecord& record = recordFor(design);
-    if (record.origin)
-        throw errorOf(oacSaveScratchModeDesign, record.names);
-    if (record.mode == 'r')
-        throw errorOf(oacSaveReadOnlyDesign, record.names);
-    DesignObserver::notifyPreSaveObservers(design);
-    withNews([&] { writeToItsFile(record); },
-             [&](bool done) { DesignObserver::notifyPostSaveObservers(design, done); });
-}
-
-void saveDesignAs(oaDesign* design, const DesignNames& names) {
-    const OpenDesignRecord& record = recordFor(design);
-    if (names == record.names)
-        return saveDesign(design);
-    const oaLib* lib = libraryOf(names);
-    if (findOpenDesign(names))
-        throw errorOf(oacCannotSaveAsOpenDesign, names);
-    const oaScalarName libName = scalarName(names.lib.c_str());
-    const oaScalarName cellName = scalarName(names.cell.c_str());
-    const oaScalarName viewName = scalarName(names.view.c_str());
-    DesignObserver::notifyPreSaveAsObservers(design, libName, cellName, viewName);
-    withNews([&] { writeToAnotherFile(record, names, lib); },
-             [&](bool done) {
-                 DesignObserver::notifyPostSaveAsObservers(design, libName, cellName, viewName,
-                                                           done);
-             });
-}
-
-void destroyDesign(const DesignNames& names) {
-    const oaLib* lib = libraryOf(names);
-    if (findOpenDesign(names))
-        throw errorOf(oacCannotDestroyOpenDesign, names);
-    const DesignAccess access(lib, names, oacWriteLibAccess);
-    const oaCellView* cellView = findCellView(lib, names);
-    if (!cellView || !hasContent(primaryPath(cellView)))
-        throw errorOf(oacCannotFindDesign, names);
-    const std::string path = primaryPath(cellView);
-    const EditLock lock = EditLock::acquire(path);
-    try {
-        platform::removeFile(path);
-    } catch (const platform::SystemFailure& failure) {
-        throw oaError(oacUnableToRemove, path.c_str(), failure.error().text().c_str());
-    }
-}
-
-bool designExists(const DesignNames& names) {
-    const oaLib* lib = libraryOf(names);
-    if (findOpenDesign(names))
-        return true;
-    const DesignAccess access(lib, names, oacReadLibAccess);
-    const oaCellView* cellView = findCellView(lib, names);
-    return cellView && hasContent(primaryPath(cellView));
-}
-
-namespace {
-
-bool isBusy(const OpenDesignRecord& record) {
-    return record.evaluations > 0 ||
-           (record.origin && record.origin->state != EvaluationState::Done);
-}
-
-bool isUnused(const oaDesign* design) {
-    return design->isValid() && !isBusy(recordFor(design)) && refCountOf(design) == 0;
-}
-
-void forgetSubmaster(Submasters& submasters, oaDesign* submaster, const std::string& key) {
-    std::erase(submasters.made, submaster);
-    const auto known = submasters.byKey.find(key);
-    if (known != submasters.byKey.end() && known->second == submaster)
-        submasters.byKey.erase(known);
-}
-
-void append(std::vector<oaDesign*>& designs, const std::vector<oaDesign*>& more) {
-    designs.insert(designs.end(), more.begin(), more.end());
-}
-
-/// Takes a design out of memory, with its submasters. Answers the designs that it may have been the
-/// last to refer to.
-std::vector<oaDesign*> drop(oaDesign* design) {
-    DesignObserver::notifyPurgeObservers(design);
-    OpenDesignRecord& record = recordFor(design);
-    std::vector<oaDesign*> referred = record.content->instances.boundMasters();
-    while (!record.submasters.made.empty())
-        append(referred, drop(record.submasters.made.back()));
-    record.content->pcell.unbind();
-    if (record.origin) {
-        oaDesign* superMaster = record.origin->superMaster;
-        forgetSubmaster(recordFor(superMaster).submasters, design, record.origin->key);
-        referred.push_back(superMaster);
-    }
-    record.lock.reset();
-    removeFromDisk(record);
-    oaTech* tech = record.tech;
-    auto& designs = static_cast<Table<OpenDesignRecord>&>(tableOf(design));
-    designs.destroy(slotOf(design));
-    if (tech && tech->isValid())
-        tech->close();
-    return referred;
-}
-
-bool isSubmasterOf(const OpenDesignRecord& record, const oaDesign* superMaster) {
-    return record.origin && record.origin->superMaster == superMaster;
-}
-
-/// True when `other` has an instance of `design`, or of a submaster of it.
-bool refersTo(const OpenDesignRecord& other, const oaDesign* design) {
-    if (!other.content)
-        return false;
-    if (other.content->instances.isBoundTo(design))
-        return true;
-    if (recordFor(design).submasters.made.empty() || isSubmasterOf(other, design))
-        return false;
-    for (const oaDesign* master : other.content->instances.boundMasters())
-        if (isSubmasterOf(recordFor(master), design) && other.content->instances.isBoundTo(master))
-            return true;
-    return false;
-}
-
-} // namespace
-
-void closeDesign(oaDesign* design) {
-    OpenDesignRecord& record = recordFor(design);
-    if (record.openings > 0)
-        --record.openings;
-    purgeUnused({design});
-}
-
-void purgeDesign(oaDesign* design) {
-    requireNotEvaluated(design);
-    purgeUnused(drop(design));
-}
-
-void purgeUnused(std::vector<oaDesign*> designs) {
-    while (!designs.empty()) {
-        oaDesign* design = designs.back();
-        designs.pop_back();
-        if (isUnused(design))
-            append(designs, drop(design));
-    }
-}
-
-std::uint32_t refCountOf(const oaDesign* design) {
-    const OpenDesignRecord& record = recordFor(design);
-    std::uint32_t count = record.openings;
-    for (const oaDesign* submaster : record.submasters.made)
-        count += recordFor(submaster).openings > 0 ? 1 : 0;
-    const auto countIfReferring = [&](const OpenDesignRecord& other) {
-        if (&other != &record && refersTo(other, design))
-            ++count;
-    };
-    openDesigns().forEach([&](std::uint32_t, const OpenDesignRecord& other) {
-        countIfReferring(other);
-        for (const oaDesign* submaster : other.submasters.made)
-            countIfReferring(recordFor(submaster));
-    });
-    return count;
 }
 
 } // namespace OpenAccess_4::impl

@@ -5,12 +5,15 @@
 #include "dm/src/edit_lock.h"
 #include "dm/src/library_access.h"
 #include "oa/oaDesign.h"
+#include "oa/oaDesignException.h"
 #include "oa/oaParamArray.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace OpenAccess_4::impl {
@@ -30,8 +33,11 @@ struct SubmasterOrigin {
 
 /// The submasters of a super master.
 struct Submasters {
-    std::vector<oaDesign*> made; // in the order in which they were
+    std::map<std::uint32_t, oaDesign*> made; // by slot: in the order in which they were
     std::unordered_map<std::string, oaDesign*> byKey;
+    std::uint32_t opened = 0; // those that the application has opened
+
+    std::vector<oaDesign*> all() const;
 };
 
 /// An open design as the session knows it.
@@ -51,6 +57,7 @@ struct OpenDesignRecord {
     std::unique_ptr<SubmasterOrigin> origin; // of a submaster, which has neither file nor lock
     Submasters submasters;                   // of a super master
     std::uint32_t evaluations = 0;           // of it, or of its submasters, that are running
+    std::unordered_set<oaDesign*> binders; // designs with instances that are, or were, bound to it
     std::unique_ptr<DesignDatabase> content;
 
     static constexpr oaTypeEnum kType = oacDesignType;
@@ -68,6 +75,17 @@ Table<OpenDesignRecord>& openDesigns();
 /// The submasters, which have the names of their super masters.
 Table<OpenDesignRecord>& openSubmasters();
 
+inline OpenDesignRecord& recordFor(const oaDesign* design) {
+    return recordOf<OpenDesignRecord>(design);
+}
+
+/// An error whose text begins with the names of a design.
+template <class... Arguments>
+oaDesignError designError(oaUInt4 id, const DesignNames& names, Arguments... arguments) {
+    return oaDesignError(id, names.lib.c_str(), names.cell.c_str(), names.view.c_str(),
+                         arguments...);
+}
+
 /// The open design of these names, or null.
 oaDesign* findOpenDesign(const DesignNames& names);
 
@@ -81,11 +99,17 @@ void destroyDesign(const DesignNames& names);
 bool designExists(const DesignNames& names);
 void closeDesign(oaDesign* design);
 void purgeDesign(oaDesign* design);
+std::uint32_t refCountOf(const oaDesign* design);
+
+/// Counts one more opening of a submaster by the application.
+void addOpening(oaDesign* submaster);
+/// Notes that instances of `binder` are bound to `design` from now on. They need not be forever:
+/// what is noted here is looked at again when references are counted.
+void noteBinder(oaDesign* design, oaDesign* binder);
 /// Purges the designs among these that nothing refers to any more.
 void purgeUnused(std::vector<oaDesign*> designs);
 /// Puts other content in the place of what the design may have.
 void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> content);
-std::uint32_t refCountOf(const oaDesign* design);
 
 /// The design as a master: open already, or opened for reading now; null when it cannot be. One
 /// opened here is purged with the last design whose instances are bound to it, unless the

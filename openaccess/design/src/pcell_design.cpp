@@ -79,7 +79,7 @@ oaDesign* oaDesign::getSuperMaster() const {
 }
 
 oaCollection<oaDesign, oaDesign> oaDesign::getSubMasters() const {
-    const std::vector<oaDesign*>& made = recordOf<OpenDesignRecord>(this).submasters.made;
+    const std::vector<oaDesign*> made = recordOf<OpenDesignRecord>(this).submasters.all();
     return collectionOf<oaCollection<oaDesign, oaDesign>>(
         std::vector<oaObject*>(made.begin(), made.end()));
 }

@@ -17,14 +17,6 @@ namespace {
 constexpr std::uint32_t kMostNestedEvaluations = 64;
 std::uint32_t nestedEvaluations = 0;
 
-oaDesignError errorOf(oaUInt4 id, const DesignNames& names) {
-    return oaDesignError(id, names.lib.c_str(), names.cell.c_str(), names.view.c_str());
-}
-
-OpenDesignRecord& recordFor(const oaDesign* design) {
-    return recordOf<OpenDesignRecord>(design);
-}
-
 /// While it lives, an evaluation runs.
 class Evaluation {
 public:
@@ -64,7 +56,7 @@ private:
 void requireSuperMaster(const oaDesign* design) {
     DesignDatabase& database = designDatabaseOf(design);
     if (!database.pcell.isDefined())
-        throw errorOf(oacInvalidSuperMaster, database.names());
+        throw designError(oacInvalidSuperMaster, database.names());
 }
 
 void requireRoom(const OpenDesignRecord& superMaster) {
@@ -203,7 +195,7 @@ oaDesign* addSubmaster(OpenDesignRecord& superMaster, SubmasterOrigin origin) {
     auto* made = static_cast<oaDesign*>(openSubmasters().handle(slot));
     OpenDesignRecord& added = openSubmasters()[slot];
     added.content = std::make_unique<DesignDatabase>(made);
-    superMaster.submasters.made.push_back(made);
+    superMaster.submasters.made.emplace(slot, made);
     superMaster.submasters.byKey.emplace(added.origin->key, made);
     return made;
 }
@@ -217,7 +209,7 @@ oaDesign* find(const Submasters& submasters, const std::string& key) {
 void rebase(oaDesign* superMaster) {
     Submasters& submasters = recordFor(superMaster).submasters;
     submasters.byKey.clear();
-    for (oaDesign* submaster : submasters.made) {
+    for (const auto& [slot, submaster] : submasters.made) {
         SubmasterOrigin& origin = *recordFor(submaster).origin;
         origin = originOf(superMaster, origin.given, true);
         origin.key = keyOf(origin.params);
@@ -227,17 +219,24 @@ void rebase(oaDesign* superMaster) {
 
 } // namespace
 
+std::vector<oaDesign*> Submasters::all() const {
+    std::vector<oaDesign*> designs;
+    for (const auto& [slot, submaster] : made)
+        designs.push_back(submaster);
+    return designs;
+}
+
 void requireNotEvaluated(const oaDesign* design) {
     const OpenDesignRecord& record = recordFor(design);
     const bool isRunning = record.origin && record.origin->state == EvaluationState::Running;
     if (record.evaluations > 0 || isRunning)
-        throw errorOf(oacPcellBeingEvaluated, record.names);
+        throw designError(oacPcellBeingEvaluated, record.names);
 }
 
 void requireNoSubmaster(const oaDesign* design) {
     const OpenDesignRecord& record = recordFor(design);
     if (record.origin)
-        throw errorOf(oacCannotModifySubMaster, record.names);
+        throw designError(oacCannotModifySubMaster, record.names);
 }
 
 oaDesign* submasterOf(oaDesign* superMaster, const oaParamArray& given) {
@@ -249,7 +248,7 @@ oaDesign* submasterOf(oaDesign* superMaster, const oaParamArray& given) {
     if (submaster) {
         const EvaluationState state = recordFor(submaster).origin->state;
         if (state == EvaluationState::Running)
-            throw errorOf(oacPcellEvaluatesItself, record.names);
+            throw designError(oacPcellEvaluatesItself, record.names);
         if (state == EvaluationState::Done)
             return submaster;
     }
@@ -271,7 +270,7 @@ oaDesign* openSubmaster(const DesignNames& names, const oaParamArray& given) {
     try {
         oaDesign* submaster = submasterOf(superMaster, given);
         if (designDatabaseOf(submaster).hasBlock()) {
-            ++recordFor(submaster).openings;
+            addOpening(submaster);
             return submaster;
         }
     } catch (...) {
@@ -283,7 +282,7 @@ oaDesign* openSubmaster(const DesignNames& names, const oaParamArray& given) {
 }
 
 void renewSubmasters(oaDesign* superMaster) {
-    const std::vector<oaDesign*> submasters = recordFor(superMaster).submasters.made;
+    const std::vector<oaDesign*> submasters = recordFor(superMaster).submasters.all();
     if (submasters.empty())
         return;
     const KeptOpen kept(recordFor(superMaster));
