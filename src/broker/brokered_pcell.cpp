@@ -81,6 +81,21 @@ oa::oaUInt4 BrokeredPcell::calcDiskSize(oa::oaPcellDef* def) const {
     return isNative() ? native_->calcDiskSize(def) : 0;
 }
 
+EvaluatorChoice BrokeredPcell::evaluatorChoice() const {
+    choose();
+    EvaluatorChoice choice;
+    choice.useExternalOaLibs = useExternalOaLibs_;
+    choice.tried = tried_;
+    if (state_ == State::native) {
+        choice.kind = EvaluatorChoice::Kind::native;
+    } else if (state_ == State::brokered) {
+        choice.kind = EvaluatorChoice::Kind::broker;
+        choice.apiVersion = brokerKey_.apiVersion;
+        choice.program = brokers_->connections.at(brokerKey_).exePath;
+    }
+    return choice;
+}
+
 bool BrokeredPcell::isNative() const {
     choose();
     return state_ == State::native;
@@ -91,8 +106,9 @@ void BrokeredPcell::choose() const {
         return;
     }
     state_ = State::none; // also for those who ask while the choice is being made
+    Choice choice;
     try {
-        const Choice choice = tryVersions();
+        tryVersions(choice);
         if (choice.state == State::none) {
             logMessage("could not find a working evaluator for brokered pcell type " +
                        quoted(typeName_) + ": OA APIs tried: " + choice.tried);
@@ -104,17 +120,16 @@ void BrokeredPcell::choose() const {
         logMessage("while initializing brokered pcell type " + quoted(typeName_) + ": " +
                    currentMessage().value_or("unknown error"));
     }
+    tried_ = choice.tried;
 }
 
-BrokeredPcell::Choice BrokeredPcell::tryVersions() const {
-    Choice choice;
+void BrokeredPcell::tryVersions(Choice& choice) const {
     for (const std::uint32_t apiVersion : versionsToTry()) {
         const bool mayBeNative = allowNative_ && apiVersion == ownApiVersion;
         if ((mayBeNative && tryNative(choice)) || tryBroker(apiVersion, choice)) {
             break;
         }
     }
-    return choice;
 }
 
 std::vector<std::uint32_t> BrokeredPcell::versionsToTry() const {

@@ -6,6 +6,7 @@
 #include <oa/oaDesignDB.h>
 
 #include "broker/config.h"
+#include "broker/evaluator_choice.h"
 #include "broker/process_system.h"
 
 namespace pcellBrokerClient {
@@ -23,7 +24,7 @@ struct Brokers {
 ///   this process, or a broker, or nothing.
 /// - A failed choice goes to the log, and every evaluation is an error from then on.
 /// - A failed evaluation is told to the observers of pcell errors; nothing is thrown.
-class BrokeredPcell : public oaCommon::PlugInBase<oa::IPcell> {
+class BrokeredPcell : public oaCommon::PlugInBase<oa::IPcell>, public ChosenEvaluator {
 public:
     BrokeredPcell(const BrokeredType& type, std::shared_ptr<Brokers> brokers);
 
@@ -38,6 +39,8 @@ public:
                  oa::oaPcellDef* def) override;
     oa::oaUInt4 calcDiskSize(oa::oaPcellDef* def) const override;
 
+    EvaluatorChoice evaluatorChoice() const override;
+
 private:
     enum class State : oa::oaUInt4 { notChosen = 0, native = 1, brokered = 2, none = 3 };
 
@@ -51,7 +54,7 @@ private:
 
     bool isNative() const;
     void choose() const;
-    Choice tryVersions() const;
+    void tryVersions(Choice& choice) const;
     bool tryNative(Choice& choice) const;
     bool tryBroker(std::uint32_t apiVersion, Choice& choice) const;
     std::vector<std::uint32_t> versionsToTry() const;
@@ -67,6 +70,7 @@ private:
     mutable State state_ = State::notChosen;
     mutable BrokerKey brokerKey_{};
     mutable oaCommon::SPtr<oa::IPcell> native_;
+    mutable std::string tried_;
 };
 
 } // namespace pcellBrokerClient

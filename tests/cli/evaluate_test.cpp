@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "diagnosis/installation.h"
 #include "pcell_place.h"
 
 namespace cli::test {
@@ -235,6 +236,125 @@ TEST(Evaluate, AnUnknownEvaluatorIsAFailure) {
                                "'coils/spiral/layout' is missing"),
               std::string::npos)
         << failed.talk;
+}
+
+/// What the built program says to the source of an evaluation of the spiral, in the environment of
+/// an installation of brokers.
+nlohmann::json sourceWithBrokers(PcellPlace& work) {
+    const auto result =
+        ovalis::test::runProgram(ovalis::test::builtProgram("ovalis"),
+                                 {"evaluate", work.path("coils"), "spiral", "layout", "--json"});
+    return nlohmann::json::parse(result.output)["source"];
+}
+
+TEST(Evaluate, ABrokerIsToldThoughThereIsAPlugInToo) {
+    PcellPlace work;
+    ASSERT_EQ(work.makeSpiral().status, 0);
+    diagnosis::test::Installation here;
+    here.set("OA_PLUGIN_PATH", pluginDirectory());
+    here.change("CONFIG", "spiral:EX");
+    here.writeFile();
+    using Json = nlohmann::json;
+    EXPECT_EQ(sourceWithBrokers(work),
+              (Json{{"kind", "broker"},
+                    {"path", here.at(diagnosis::test::Installation::program("broker6"))},
+                    {"version", 6},
+                    {"libraries", "external"}}));
+    here.set("TEST_BROKER_TYPES", "another");
+    EXPECT_EQ(sourceWithBrokers(work),
+              (Json{{"kind", "none"},
+                    {"path", nullptr},
+                    {"tried", "6 (through broker using external OA libs), "
+                              "5 (through broker using external OA libs)"}}));
+    here.change("CONFIG", "spiral");
+    here.writeFile();
+    const Json source = sourceWithBrokers(work);
+    EXPECT_EQ(source["kind"], "plug-in");
+    EXPECT_TRUE(source["path"].get<std::string>().ends_with("spiral.plg"));
+}
+
+TEST(Evaluate, ABrokerThatFailsIsNamed) {
+    PcellPlace work;
+    ASSERT_EQ(work.makeSpiral().status, 0);
+    diagnosis::test::Installation here;
+    here.change("CONFIG", "spiral:X");
+    here.writeFile();
+    const auto result = ovalis::test::runProgram(
+        ovalis::test::builtProgram("ovalis"), {"evaluate", work.path("coils"), "spiral", "layout"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(withoutCarriageReturns(result.errors)
+                  .find("\n  broker: " +
+                        here.at(diagnosis::test::Installation::program("broker6")) + "\n"),
+              std::string::npos)
+        << result.errors;
+}
+
+/// A copy of the command in an installation of its own, which has the example plug-ins.
+class InstalledCommand {
+public:
+    InstalledCommand() {
+        const std::filesystem::path built = ovalis::test::builtProgram("ovalis");
+        copy(built.parent_path(), "bin", built.filename().string());
+        copy(built.parent_path(), "bin", ".dll");
+        copy(built.parent_path(), "bin", ".so");
+        copy(pluginDirectory(), "data/plugins", "");
+        command_ = root() / "bin" / built.filename();
+        const std::string variable = platform::libraryPathVariable();
+        const std::string before = platform::environmentVariable(variable).value_or("");
+        libraries_.emplace(variable, ovalis::test::utf8(root() / "bin") +
+                                         platform::pathListSeparator() + before);
+    }
+
+    std::filesystem::path root() const { return directory_.path(); }
+    const std::filesystem::path& command() const { return command_; }
+
+private:
+    /// The files of a directory whose names have a text in them.
+    void copy(const std::filesystem::path& from, const char* to, const std::string& part) const {
+        std::filesystem::create_directories(root() / to);
+        for (const auto& entry : std::filesystem::directory_iterator(from)) {
+            const std::string name = ovalis::test::utf8(entry.path().filename());
+            const std::filesystem::path copied = root() / to / entry.path().filename();
+            if (!entry.is_directory() && name.find(part) != std::string::npos &&
+                !std::filesystem::exists(std::filesystem::symlink_status(copied)))
+                std::filesystem::copy(entry.path(), copied,
+                                      std::filesystem::copy_options::copy_symlinks);
+        }
+    }
+
+    ovalis::test::TemporaryDirectory directory_;
+    std::filesystem::path command_;
+    std::optional<EnvironmentOverride> libraries_;
+};
+
+TEST(Evaluate, APlugInOfTheInstallationIsToldAsSuch) {
+    PcellPlace work;
+    {
+        const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
+        ASSERT_EQ(work.makeSpiral().status, 0);
+    }
+    const EnvironmentOverride plugIns("OA_PLUGIN_PATH", std::nullopt);
+    const ovalis::test::NoBrokers noBrokers;
+    const InstalledCommand installed;
+    const auto told = ovalis::test::runProgram(
+        installed.command(), {"evaluate", work.path("coils"), "spiral", "layout", "--json"});
+    ASSERT_EQ(told.exitCode, 0) << told.errors;
+    const nlohmann::json source = nlohmann::json::parse(told.output)["source"];
+    EXPECT_EQ(source["kind"], "plug-in");
+    EXPECT_TRUE(std::filesystem::equivalent(source["path"].get<std::string>(),
+                                            installed.root() / "data" / "plugins" / "spiral.plg"))
+        << source;
+}
+
+TEST(Evaluate, AKindOfTheCacheIsNoPlugInThoughThereIsOneOfItsName) {
+    PcellPlace work;
+    const EnvironmentOverride plugIns("OA_PLUGIN_PATH", work.path("plugins"));
+    std::filesystem::create_directory(work.path("plugins"));
+    writeText(work.path("plugins/PSNPcell.plg"), "<plugIn lib=\"spiral_pcell\"/>");
+    const std::string stored = entryPath(work.put());
+    const Outcome told = work.onCoil({"evaluate"}, {"--json"});
+    EXPECT_EQ(nlohmann::json::parse(told.out)["source"],
+              (nlohmann::json{{"kind", "cache file"}, {"path", stored}}));
 }
 
 TEST(Evaluate, WritesJsonForPrograms) {

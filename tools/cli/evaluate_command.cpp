@@ -38,14 +38,23 @@ std::string unitOf(const Evaluation& result) {
     return ovalis::fromOa(result.submaster->getTopBlock()->getUserUnits().getName());
 }
 
+const char* librariesOf(const Source& source) {
+    return source.useExternalOaLibs ? "external" : "internal";
+}
+
 std::string textOf(const Source& source) {
     switch (source.kind) {
     case Source::Kind::cacheFile:
         return "cache file " + source.path;
     case Source::Kind::plugIn:
         return "plug-in " + source.path;
-    default:
+    case Source::Kind::broker:
+        return "broker " + source.path + " (version " + std::to_string(source.apiVersion) + ", " +
+               librariesOf(source) + " OA libs)";
+    case Source::Kind::process:
         return "an evaluator of this process";
+    default:
+        return "nothing";
     }
 }
 
@@ -101,9 +110,15 @@ Json jsonOf(const oa::oaParamArray& params) {
 }
 
 Json jsonOf(const Source& source) {
-    constexpr const char* kinds[] = {"cache file", "plug-in", "process"};
+    constexpr const char* kinds[] = {"cache file", "plug-in", "broker", "process", "none"};
     Json json{{"kind", kinds[static_cast<int>(source.kind)]}};
     json["path"] = source.path.empty() ? Json() : Json(source.path);
+    if (source.kind == Source::Kind::broker) {
+        json["version"] = source.apiVersion;
+        json["libraries"] = librariesOf(source);
+    }
+    if (!source.tried.empty())
+        json["tried"] = source.tried;
     return json;
 }
 
@@ -139,6 +154,10 @@ void tellFailure(std::ostream& talk, const PcellTarget& target, const Evaluation
              << '\n';
     talk << "  parameters: " << evaluation::textOf(result.params) << '\n';
     talk << "  identity: " << result.hash << '\n';
+    if (!result.source.tried.empty())
+        talk << "  brokers: OA APIs tried: " << result.source.tried << '\n';
+    if (result.source.kind == Source::Kind::broker)
+        talk << "  broker: " << result.source.path << '\n';
     if (result.source.kind != Source::Kind::cacheFile)
         return;
     if (result.source.path.empty())

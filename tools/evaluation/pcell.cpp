@@ -5,36 +5,9 @@
 #include <ovalis/library.h>
 
 #include "evaluation/parameters.h"
-#include "platform/environment.h"
-#include "platform/file.h"
-#include "platform/path.h"
 
 namespace evaluation {
 namespace {
-
-/// The description of the plug-in of that name, where the database looks for one; empty when there
-/// is none.
-std::string plugInFile(const std::string& name) {
-    const std::string list = platform::environmentVariable("OA_PLUGIN_PATH").value_or("");
-    for (std::size_t begin = 0; begin <= list.size();) {
-        const std::size_t end =
-            std::min(list.find(platform::pathListSeparator(), begin), list.size());
-        const std::string directory = list.substr(begin, end - begin);
-        const std::string file = platform::joinPath(directory, name + ".plg");
-        if (!directory.empty() && platform::isFile(file))
-            return file;
-        begin = end + 1;
-    }
-    return "";
-}
-
-Source sourceOf(const Pcell& pcell, const std::string& hash, const std::string& cacheDirectory) {
-    if (pcell.isCached())
-        return {Source::Kind::cacheFile,
-                cacheDirectory.empty() ? "" : platform::joinPath(cacheDirectory, hash)};
-    const std::string file = plugInFile(pcell.evaluator());
-    return {file.empty() ? Source::Kind::process : Source::Kind::plugIn, file};
-}
 
 oa::oaDesign* openSubmaster(const DesignName& name, const oa::oaParamArray& given) {
     const oa::oaNativeNS names;
@@ -82,13 +55,13 @@ Evaluation evaluate(const Pcell& pcell, const oa::oaParamArray& given,
     Evaluation result;
     result.params = effectiveParams(pcell.defaults(), given);
     result.hash = ovalis::identifySubmaster(name.library, name.cell, name.view, result.params).hash;
-    result.source = sourceOf(pcell, result.hash, cacheDirectory);
 
     const PcellErrorLog log;
     const auto start = std::chrono::steady_clock::now();
     result.submaster = openSubmaster(name, given);
     result.time = std::chrono::steady_clock::now() - start;
     result.errors = log.errors();
+    result.source = sourceOf(pcell, result.hash, cacheDirectory);
 
     oa::oaBlock* block = result.submaster == nullptr ? nullptr : result.submaster->getTopBlock();
     if (block != nullptr) {

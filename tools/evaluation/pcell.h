@@ -9,6 +9,7 @@
 
 #include "evaluation/identity.h"
 #include "evaluation/open_design.h"
+#include "evaluation/source.h"
 
 namespace evaluation {
 
@@ -59,14 +60,6 @@ private:
     DesignName name_;
     std::string evaluator_;
     oa::oaParamArray defaults_;
-};
-
-/// What served an evaluation.
-struct Source {
-    enum class Kind { cacheFile, plugIn, process };
-
-    Kind kind = Kind::process;
-    std::string path; ///< of the cache file, which may be missing, or of the plug-in's description
 };
 
 struct Evaluation {
