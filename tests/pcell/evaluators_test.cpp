@@ -30,12 +30,6 @@ struct MacroDefinition {
         }
     }
 
-    std::string macro() const {
-        oa::oaString value = "absent";
-        def->getDataValue("SKRMacroName", value);
-        return fromOa(value);
-    }
-
     std::unique_ptr<oa::oaPcellDef> def;
 };
 

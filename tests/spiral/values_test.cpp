@@ -2,6 +2,9 @@
 
 #include <limits>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -40,11 +43,15 @@ TEST(SpiralValues, BecomeStepsOfFiveNanometres) {
     EXPECT_EQ(square.innerRadius, 630);
 }
 
-TEST(SpiralValues, ImpossibleOnesAreRefusedWithWhatIsPossible) {
-    const struct {
-        std::string refusal;
-        std::string expected;
-    } rows[] = {
+using Refusals = std::vector<std::pair<std::string, std::string>>; // with what they must be
+
+void expectSame(const Refusals& refusals) {
+    for (const auto& [refusal, expected] : refusals)
+        EXPECT_EQ(refusal, expected);
+}
+
+TEST(SpiralValues, ImpossibleTracesAreRefusedWithWhatIsPossible) {
+    expectSame({
         {refusalOf([](Values& v) { v.shape = "circle"; }),
          "shape is \"circle\": it must be \"octagon\" or \"square\""},
         {refusalOf([](Values& v) { v.shape = ""; }),
@@ -68,6 +75,11 @@ TEST(SpiralValues, ImpossibleOnesAreRefusedWithWhatIsPossible) {
          "spacing is inf microns: it must be above 0 and at most 10000"},
         {refusalOf([](Values& v) { v.spacing = 2.0025; }),
          "spacing is 2.0025 microns: it must be a multiple of 0.005"},
+    });
+}
+
+TEST(SpiralValues, ImpossibleSizesAreRefusedWithWhatIsPossible) {
+    expectSame({
         {refusalOf([](Values& v) { v.innerDiameter = 0; }),
          "innerDiameter is 0 microns: it must be above 0 and at most 10000"},
         {refusalOf([](Values& v) { v.innerDiameter = 100.005; }),
@@ -90,6 +102,11 @@ TEST(SpiralValues, ImpossibleOnesAreRefusedWithWhatIsPossible) {
              v.innerDiameter = 300;
          }),
          "the spiral would be 11510 microns wide: it may be at most 10000"},
+    });
+}
+
+TEST(SpiralValues, ImpossibleLayersAreRefusedWithWhatIsPossible) {
+    expectSame({
         {refusalOf([](Values& v) { v.layer = -1; }), "layer is -1: a layer number is 0 or more"},
         {refusalOf([](Values& v) { v.viaLayer = -2; }),
          "viaLayer is -2: a layer number is 0 or more"},
@@ -101,9 +118,7 @@ TEST(SpiralValues, ImpossibleOnesAreRefusedWithWhatIsPossible) {
          "viaLayer and underpassLayer are both 7: they must differ"},
         {refusalOf([](Values& v) { v.underpassLayer = 8; }),
          "underpassLayer and layer are both 8: they must differ"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(row.refusal, row.expected);
+    });
 }
 
 } // namespace
