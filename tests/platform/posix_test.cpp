@@ -10,17 +10,16 @@
 
 #include "ordinary_user.h"
 #include "platform_tests.h"
+#include "system_log.h"
 
 #include <cerrno>
 #include <csignal>
-#include <cstdarg>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <syslog.h>
 
 using namespace platform;
 using ovalis::test::OrdinaryUser;
@@ -202,41 +201,12 @@ TEST(PosixProcessor, HasTheInstructionsThatTheSystemLists) {
     EXPECT_EQ(hasSha256Instructions(), hasSha && hasSsse3);
 }
 
-namespace {
-
-/// The last line that went to the system log.
-std::string& loggedLine() {
-    static std::string line;
-    return line;
-}
-
-void keepLine(int priority, const char* format, va_list arguments) {
-    char text[200];
-    std::vsnprintf(text, sizeof text, format, arguments);
-    loggedLine() = std::to_string(priority) + ": " + text;
-}
-
-} // namespace
-
-// The system's log cannot be read back, so its two entrances are ours in this program.
-extern "C" void syslog(int priority, const char* format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
-    keepLine(priority, format, arguments);
-    va_end(arguments);
-}
-
-extern "C" void __syslog_chk(int priority, int, const char* format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
-    keepLine(priority, format, arguments);
-    va_end(arguments);
-}
-
 TEST_F(PosixTest, ErrorsGoToTheSystemLogAsTheyAre) {
+    ovalis::test::systemLog() = {};
     EventLog log("source");
     log.reportError("100 %s of it");
-    EXPECT_EQ(loggedLine(), std::to_string(LOG_USER | LOG_ERR) + ": 100 %s of it");
+    EXPECT_THAT(ovalis::test::systemLog().errors, ElementsAre("100 %s of it"));
+    EXPECT_THAT(ovalis::test::systemLog().sources, testing::IsEmpty());
 }
 
 TEST_F(PosixTest, ASignalThatWaitsBeforeAFailedWriteStays) {

@@ -5,6 +5,7 @@
 #include "platform/system_error.h"
 
 #include "platform_tests.h"
+#include "system_log.h"
 
 #include <windows.h>
 
@@ -50,7 +51,20 @@ TEST_F(WindowsTest, TheTextOfTheLastErrorIsTheSystemsWithItsLineEnd) {
 }
 
 TEST_F(WindowsTest, WhatTheEventLogRefusesIsNoFailure) {
-    platform::EventLog log("gr\xc3\xb6\xc3\x9f"
-                           "e");
+    ovalis::test::systemLog() = {};
+    EventLog log("refused");
     log.reportError("nothing wrong");
+    EXPECT_THAT(ovalis::test::systemLog().sources, ElementsAre("refused"));
+    EXPECT_THAT(ovalis::test::systemLog().errors, testing::IsEmpty());
+}
+
+TEST_F(WindowsTest, ErrorsGoToTheEventLogOfTheirSource) {
+    ovalis::test::systemLog() = {};
+    const std::string source = "gr\xc3\xb6\xc3\x9f"
+                               "e";
+    EventLog log(source);
+    log.reportError("100 %s of it");
+    log.reportError(source);
+    EXPECT_THAT(ovalis::test::systemLog().sources, ElementsAre(source));
+    EXPECT_THAT(ovalis::test::systemLog().errors, ElementsAre("100 %s of it", source));
 }
