@@ -140,7 +140,10 @@ INSTANTIATE_TEST_SUITE_P(Broker, KillTest, ::testing::ValuesIn(targets),
 TEST_P(KillTest, OfAWorkerCostsAtMostTheEvaluationThatItHits) {
     const auto broker = start();
     for (int kill = 0; kill < kills(); ++kill) {
-        const std::optional<Evaluated> answer = hit(*broker, workerOf(*broker));
+        std::optional<Evaluated> answer = hit(*broker, workerOf(*broker));
+        // A kill that came behind the last of them hits the next.
+        if (answer && answer->status == 1)
+            answer = broker->evaluate(GetParam().work);
         ASSERT_TRUE(answer);
         if (answer->status == 0) {
             EXPECT_TRUE(answer->text.starts_with(GetParam().saying + ": Error[2]: " + hitWorker))
@@ -244,8 +247,9 @@ protected:
 TEST_F(KillsOfAClientsBroker, OfItsWorkerCostsAtMostTheEvaluationThatItHits) {
     auto connection = started();
     for (int kill = 0; kill < kills(); ++kill) {
-        const std::string outcome =
-            hit(connection, numberAtTheEndOf(outcomeOf(connection, "number")));
+        std::string outcome = hit(connection, numberAtTheEndOf(outcomeOf(connection, "number")));
+        if (outcome == "drawn")
+            outcome = outcomeOf(connection);
         EXPECT_TRUE(outcome == "drawn" ||
                     outcome.starts_with("pcellBroker6: Error[2]: " + hitWorker))
             << outcome;
