@@ -6,8 +6,11 @@
 #include "klayout.h"
 #include "measure.h"
 
+#include <ovalis/core.h>
 #include <ovalis/pcell.h>
 
+#include <filesystem>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <optional>
@@ -25,54 +28,18 @@ int repeated(std::int64_t shapes) {
     return shapes == std::int64_t(kFew) ? 200 : 4;
 }
 
-/// Fills submasters from the files of a directory that their identities name.
-class CachePcell : public oaCommon::PlugInBase<oa::IPcell> {
-public:
-    explicit CachePcell(std::string directory) : directory_(std::move(directory)) {}
-
-    oa::oaPcellDef* getPcellDef() override {
-        return new oa::oaPcellDef(this); // deleted by onUnbind()
-    }
-    void getName(oa::oaString& name) override { name = "cache"; }
-    void onBind(oa::oaDesign*, oa::oaPcellDef*) override {}
-    void onUnbind(oa::oaDesign*, oa::oaPcellDef* def) override { delete def; }
-    void onEval(oa::oaDesign* design, oa::oaPcellDef*) override {
-        oa::PcellFile file(fileOf(design).c_str());
-        if (source) {
-            file.open("w");
-            file.append(source);
-            oa::oaBlock::create(design);
-        } else {
-            file.open("r");
-            file.read(design);
-        }
-        file.close();
-    }
-    void onRead(oa::oaDesign*, oa::oaMapFileWindow&, oa::oaUInt4&, oa::oaPcellDef*) override {}
-    void onWrite(oa::oaDesign*, oa::oaMapFileWindow&, oa::oaUInt4&, oa::oaPcellDef*) override {}
-    oa::oaUInt4 calcDiskSize(oa::oaPcellDef*) const override { return 0; }
-
-    oa::oaDesign* source = nullptr; // what files are made from, while they are
-
-private:
-    std::string fileOf(oa::oaDesign* design) const {
-        return directory_ + '/' + ovalis::calculateSubmasterIdHash(design);
-    }
-
-    std::string directory_;
-};
-
-/// The pcell with a file for each submaster that is evaluated.
+/// The pcell with a file for each submaster that is evaluated, in the cache of the library: beside
+/// the top list.
 class Pcell {
 public:
-    explicit Pcell(const bench::ScratchDirectory& directory)
-        : library_(directory / "library"), evaluator_(new CachePcell(directory / ".")) {
-        oa::oaPcellLink::create(evaluator_);
+    explicit Pcell(const bench::ScratchDirectory& directory) : directory_(directory / ".") {
+        makeList();
+        library_.emplace(directory / "library");
         oa::oaParamArray defaults;
         defaults.append(oa::oaParam("number", oa::oaInt4(0)));
         defaults.append(oa::oaParam("shapes", oa::oaInt4(0)));
-        oa::oaDesign* superMaster = library_.create("pcell");
-        superMaster->defineSuperMaster(evaluator_->getPcellDef(), defaults);
+        oa::oaDesign* superMaster = library_->create("pcell");
+        superMaster->defineSuperMaster(oa::oaPcellLink::getPcellDef("PSNPcell"), defaults);
         for (const std::size_t shapes : {kFew, kMany})
             writeFiles(shapes);
     }
@@ -87,17 +54,45 @@ public:
     }
 
 private:
-    void writeFiles(std::size_t shapes) {
-        evaluator_->source = library_.create("drawn");
-        bench::drawContent(evaluator_->source, shapes);
-        for (int i = 0; i < repeated(std::int64_t(shapes)); ++i)
-            evaluate(i, std::int64_t(shapes))->close();
-        evaluator_->source->purge();
-        evaluator_->source = nullptr;
+    /// A list without libraries, which need none to be opened by their paths.
+    void makeList() const {
+        const std::string list = directory_ + "/lib.defs";
+        std::ofstream(list) << "# none\n";
+        oa::oaLibDefList::openLibs(list.c_str());
+        std::filesystem::create_directory(directory_ + "/.vexPcells");
     }
 
-    bench::DesignLibrary library_;
-    CachePcell* evaluator_;
+    void writeFiles(std::size_t shapes) {
+        oa::oaDesign* source = library_->create("drawn");
+        bench::drawContent(source, shapes);
+        for (int i = 0; i < repeated(std::int64_t(shapes)); ++i)
+            writeFile(source, i, std::int64_t(shapes));
+        source->purge();
+    }
+
+    /// Puts the file where the evaluator looks for it: one that finds none leaves a submaster
+    /// without content, which its super master still has.
+    void writeFile(oa::oaDesign* source, int number, std::int64_t shapes) {
+        require(evaluate(number, shapes) == nullptr, true);
+        oa::oaIter<oa::oaDesign> submasters(superMaster()->getSubMasters());
+        oa::oaDesign* submaster = submasters.getNext();
+        const std::string path =
+            directory_ + "/.vexPcells/" + ovalis::calculateSubmasterIdHash(submaster);
+        submaster->purge();
+        oa::PcellFile file(path.c_str());
+        file.open("w");
+        file.append(source);
+        file.close();
+    }
+
+    static oa::oaDesign* superMaster() {
+        const oa::oaNativeNS ns;
+        return oa::oaDesign::find(oa::oaScalarName(ns, "bench"), oa::oaScalarName(ns, "pcell"),
+                                  oa::oaScalarName(ns, "layout"));
+    }
+
+    std::string directory_;
+    std::optional<bench::DesignLibrary> library_;
 };
 
 std::optional<bench::ScratchDirectory> directory;
@@ -173,6 +168,7 @@ int main(int argc, char** argv) {
         if (bench::Klayout::isInstalled())
             measureKlayout(shapes);
     }
+    ovalis::initOa();
     pcell.emplace(*directory);
     benchmark::RunSpecifiedBenchmarks();
     pcell.reset();
