@@ -133,7 +133,7 @@ public:
     }
     ~Place() { lib_->close(); }
 
-    VexSKRPcell& evaluator() { return *any_; }
+    VexSKRPcell& evaluator() { return *evaluator_; }
 
     /// The macro name of a super master with these data, if its evaluator accepts them.
     std::optional<std::string> macroOfStored(const Data& data) {
@@ -169,7 +169,8 @@ private:
     }
 
     ovalis::test::TemporaryDirectory directory_;
-    // Held by the count of its references, as the designs that it defines hold it too.
+    // Held by the count of their references, as the designs that they define hold them too.
+    oaCommon::SPtr<VexSKRPcell> evaluator_ = oaCommon::SPtr<VexSKRPcell>(new VexSKRPcell);
     oaCommon::SPtr<AnyData> any_ = oaCommon::SPtr<AnyData>(new AnyData);
     oa::oaLib* lib_ = nullptr;
 };

@@ -4,11 +4,22 @@
 #include "oa/oaDMException.h"
 #include "oa/oaLibDefList.h"
 
+#include "platform/path.h"
+
+#include <algorithm>
+
 namespace OpenAccess_4 {
 
 using namespace impl;
 
 namespace {
+
+/// True when two texts are one path, with whichever separators.
+bool isSpelling(std::string_view path, std::string_view other) {
+    return std::equal(path.begin(), path.end(), other.begin(), other.end(), [](char a, char b) {
+        return a == b || (platform::isPathSeparator(a) && platform::isPathSeparator(b));
+    });
+}
 
 std::string text(const oaString& string) {
     return static_cast<const oaChar*>(string);
@@ -156,7 +167,8 @@ oaLibDefListRef* oaLibDefListRef::find(const oaLibDefList* defList, const oaStri
     oaIter<oaLibDefListMem> walk(defList->getMembers());
     while (oaLibDefListMem* member = walk.getNext()) {
         const DefinitionRecord& record = recordOfMember(member);
-        if (record.isReference && (record.path == wanted || list.resolve(record.path) == wanted))
+        if (record.isReference &&
+            (isSpelling(record.path, wanted) || isSpelling(list.resolve(record.path), wanted)))
             return static_cast<oaLibDefListRef*>(member);
     }
     return nullptr;
