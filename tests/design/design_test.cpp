@@ -351,9 +351,10 @@ TEST_F(OpenDesignTest, AReadOnlyLibraryIsNotWritten) {
     lib = oaLib::open(name("lib"), (directory.str() + "/lib").c_str(), "", oacReadOnlyLibMode);
     EXPECT_NE(open("cell", 'r'), nullptr);
     EXPECT_EQ(thrownBy([] { open("cell", 'a'); }), oacDesignCannotGetWriteAccess);
-    EXPECT_EQ(messageOf([] { open("new", 'w'); }),
-              "Design 'lib/new/layout' cannot be edited: Write access to library 'lib' is denied: it "
-              "is open in mode readOnly.");
+    EXPECT_EQ(
+        messageOf([] { open("new", 'w'); }),
+        "Design 'lib/new/layout' cannot be edited: Write access to library 'lib' is denied: it "
+        "is open in mode readOnly.");
     EXPECT_FALSE(onDisk("new"));
 }
 
