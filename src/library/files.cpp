@@ -4,9 +4,17 @@
 
 namespace ovalis {
 
+std::filesystem::path pathOf(const std::string& text) {
+    return std::filesystem::path(std::u8string(text.begin(), text.end()));
+}
+
+std::string textOf(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
+}
+
 std::filesystem::path fileIn(const std::string& directory, const char* name) {
-    const std::string path = directory + "/" + name;
-    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+    return pathOf(directory + "/" + name);
 }
 
 bool isReadableFile(const std::filesystem::path& path) {

@@ -8,6 +8,12 @@ namespace ovalis {
 constexpr char oaLibMarker[] = ".oalib";
 constexpr char libraryDefinitions[] = "lib.defs";
 
+/// Returns `text`, in UTF-8, as a path.
+std::filesystem::path pathOf(const std::string& text);
+
+/// Returns `path` in UTF-8.
+std::string textOf(const std::filesystem::path& path);
+
 /// Returns the path of the file `name` in the directory `directory`.
 std::filesystem::path fileIn(const std::string& directory, const char* name);
 
