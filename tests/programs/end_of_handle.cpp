@@ -6,6 +6,7 @@
 #include <iostream>
 #include <string>
 
+#include <ovalis/diagnostics.h>
 #include <ovalis/library.h>
 #include <platform/text.h>
 
@@ -44,6 +45,19 @@ void releasedTryLock(LibPtr lib) {
     file.releaseLock();
 }
 
+/// Keeps designs from being saved.
+class Refusal : public oa::oaVersionedObserver<oa::oaDesign> {
+public:
+    Refusal() : oa::oaVersionedObserver<oa::oaDesign>(0) {}
+    void onPreSave(oa::oaDesign*) override { throw std::runtime_error("not now"); }
+};
+
+void unsavedDesign(LibPtr lib) {
+    const Refusal refusal;
+    const OaDesignSAC design(openDesignWithView(*lib, "cell", "layout", oa::oacMaskLayout, true));
+    oa::oaBlock::create(design.get());
+}
+
 } // namespace
 
 int main(int count, char** values) {
@@ -65,6 +79,8 @@ int main(int count, char** values) {
         releasedLock(std::move(lib));
     } else if (name == "try-lock") {
         releasedTryLock(std::move(lib));
+    } else if (name == "design") {
+        unsavedDesign(std::move(lib));
     } else {
         return 2;
     }
