@@ -137,7 +137,9 @@ bool tryBrokerAnswers(std::span<const std::byte> input) {
         std::string text;
         bool isPath = true;
         try {
-            text = requestEvaluation(connection, subject(), system);
+            const EvaluationAnswer answer = requestEvaluation(connection, subject(), system);
+            text = answer.text;
+            isPath = answer.isEvaluated;
         } catch (const std::runtime_error& error) {
             text = error.what();
             isPath = false;

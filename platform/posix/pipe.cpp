@@ -102,9 +102,11 @@ bool PipeStream::write(const void* data, std::size_t size) noexcept {
     return internal::writeAll(::fileno(stream), data, size);
 }
 
-bool PipeStream::hasInput() const noexcept {
+PipeInputState PipeStream::inputState() const noexcept {
     pollfd waiting = {::fileno(stream), POLLIN, 0};
-    return ::poll(&waiting, 1, 0) == 1 && (waiting.revents & POLLIN) != 0;
+    if (::poll(&waiting, 1, 0) != 1)
+        return PipeInputState::empty;
+    return (waiting.revents & POLLIN) != 0 ? PipeInputState::ready : PipeInputState::ended;
 }
 
 } // namespace platform

@@ -98,10 +98,12 @@ bool PipeStream::write(const void* data, std::size_t size) noexcept {
     return true;
 }
 
-bool PipeStream::hasInput() const noexcept {
+PipeInputState PipeStream::inputState() const noexcept {
     const HANDLE pipe = handleOf(_get_osfhandle(_fileno(stream)));
     DWORD waiting = 0;
-    return PeekNamedPipe(pipe, nullptr, 0, nullptr, &waiting, nullptr) && waiting > 0;
+    if (!PeekNamedPipe(pipe, nullptr, 0, nullptr, &waiting, nullptr))
+        return PipeInputState::ended;
+    return waiting > 0 ? PipeInputState::ready : PipeInputState::empty;
 }
 
 } // namespace platform

@@ -54,10 +54,12 @@ void BrokeredPcell::onUnbind(oa::oaDesign* design, oa::oaPcellDef* def) {
 
 void BrokeredPcell::onEval(oa::oaDesign* design, oa::oaPcellDef* def) {
     try {
-        evaluate(design, def);
+        if (const std::optional<std::string> refusal = evaluate(design, def)) {
+            report(design, *refusal, [&] { return parseReport(*refusal); });
+        }
     } catch (...) {
         try {
-            report(design);
+            report(design, currentMessage().value_or(""), currentReport);
         } catch (...) { // there is not even memory for a report
         }
     }
@@ -172,15 +174,15 @@ bool BrokeredPcell::tryBroker(std::uint32_t apiVersion, Choice& choice) const {
     return true;
 }
 
-void BrokeredPcell::evaluate(oa::oaDesign* design, oa::oaPcellDef* def) {
+std::optional<std::string> BrokeredPcell::evaluate(oa::oaDesign* design, oa::oaPcellDef* def) {
     choose();
     switch (state_) {
     case State::native:
         native_->onEval(design, def);
-        break;
+        return std::nullopt;
     case State::brokered:
-        evaluateThroughBroker(brokers_->connections.at(brokerKey_), *design, *brokers_->system);
-        break;
+        return evaluateThroughBroker(brokers_->connections.at(brokerKey_), *design,
+                                     *brokers_->system);
     default:
         throw std::runtime_error(
             "no suitable OpenAccess plugin available for evaluating Pcell type " +
@@ -188,11 +190,10 @@ void BrokeredPcell::evaluate(oa::oaDesign* design, oa::oaPcellDef* def) {
     }
 }
 
-// Of the exception that is being handled.
-void BrokeredPcell::report(oa::oaDesign* design) const {
-    const std::string text = currentMessage().value_or("");
+template <class MakeReport>
+void BrokeredPcell::report(oa::oaDesign* design, const std::string& text, MakeReport make) const {
     try {
-        const ErrorReport error = currentReport();
+        const ErrorReport error = make();
         oa::oaPcellObserver::notifyErrorObservers(
             design, error.message.c_str(), static_cast<oa::oaPcellErrorTypeEnum>(error.code));
     } catch (...) {

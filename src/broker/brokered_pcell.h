@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include <oa/oaDesignDB.h>
@@ -58,8 +60,11 @@ private:
     bool tryNative(Choice& choice) const;
     bool tryBroker(std::uint32_t apiVersion, Choice& choice) const;
     std::vector<std::uint32_t> versionsToTry() const;
-    void evaluate(oa::oaDesign* design, oa::oaPcellDef* def);
-    void report(oa::oaDesign* design) const;
+    /// @returns the message of a broker that did not evaluate.
+    std::optional<std::string> evaluate(oa::oaDesign* design, oa::oaPcellDef* def);
+    /// Tells the observers the ErrorReport that is made; the log, when that fails.
+    template <class MakeReport>
+    void report(oa::oaDesign* design, const std::string& text, MakeReport make) const;
 
     oa::oaString typeName_;
     bool allowNative_;

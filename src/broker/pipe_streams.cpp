@@ -9,7 +9,14 @@ PipeInput::int_type PipeInput::underflow() {
 }
 
 std::streamsize PipeInput::showmanyc() {
-    return pipe_.hasInput() ? 1 : 0;
+    switch (pipe_.inputState()) {
+    case platform::PipeInputState::ready:
+        return 1;
+    case platform::PipeInputState::ended:
+        return -1;
+    default:
+        return 0;
+    }
 }
 
 PipeOutput::int_type PipeOutput::overflow(int_type character) {

@@ -9,7 +9,8 @@
 
 namespace pcellBrokerClient {
 
-/// Reads a pipe, as much at a time as has arrived. `in_avail` tells what is there to be read.
+/// Reads a pipe, as much at a time as has arrived. `in_avail` tells what is there to be read,
+/// and -1 at the end.
 class PipeInput : public std::streambuf {
 public:
     /// Takes over the stream.

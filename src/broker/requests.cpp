@@ -1,6 +1,5 @@
 #include "broker/requests.h"
 
-#include <optional>
 #include <stdexcept>
 
 #include <platform/system_error.h>
@@ -119,8 +118,8 @@ bool canEvaluate(BrokerConnection& connection, const oa::oaString& typeName) {
     return answer;
 }
 
-std::string requestEvaluation(BrokerConnection& connection, oa::oaDesign& design,
-                              ProcessSystem& system) {
+EvaluationAnswer requestEvaluation(BrokerConnection& connection, oa::oaDesign& design,
+                                   ProcessSystem& system) {
     checkConnection(connection);
     // Travels with the evaluation itself: a broker that is not there any more is told nothing, and
     // what could not be told is told the next time.
@@ -136,23 +135,26 @@ std::string requestEvaluation(BrokerConnection& connection, oa::oaDesign& design
     writeEvaluate(exchange.out(), subject);
     flush(exchange.out());
     connection.setUpNeeded = connection.setUpNeeded && !setUp;
-    const bool isEvaluated = readByte(exchange.in()) != 0;
-    const std::string text = readText(exchange.in());
+    EvaluationAnswer answer;
+    answer.isEvaluated = readByte(exchange.in()) != 0;
+    answer.text = readText(exchange.in());
     exchange.complete();
-    if (!isEvaluated) {
-        throw std::runtime_error(text);
-    }
-    return text;
+    return answer;
 }
 
-void evaluateThroughBroker(BrokerConnection& connection, oa::oaDesign& design,
-                           ProcessSystem& system) {
-    const oa::oaString path = requestEvaluation(connection, design, system).c_str();
+std::optional<std::string> evaluateThroughBroker(BrokerConnection& connection, oa::oaDesign& design,
+                                                 ProcessSystem& system) {
+    const EvaluationAnswer answer = requestEvaluation(connection, design, system);
+    if (!answer.isEvaluated) {
+        return answer.text;
+    }
+    const oa::oaString path = answer.text.c_str();
     oa::PcellFile file(path);
     file.open("r");
     file.read(&design);
     file.close();
     oa::oaFile(path).destroy();
+    return std::nullopt;
 }
 
 } // namespace pcellBrokerClient

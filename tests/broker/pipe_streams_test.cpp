@@ -41,6 +41,8 @@ TEST_F(PipeStreams, NothingIsSentBeforeTheFlush) {
     EXPECT_EQ(input->sbumpc(), 'b');
     EXPECT_EQ(input->sbumpc(), 'c');
     EXPECT_EQ(input->in_avail(), 0);
+    output.reset();
+    EXPECT_EQ(input->in_avail(), -1);
 }
 
 // What the reading end gets at once was written at once, as far as the buffer reaches.

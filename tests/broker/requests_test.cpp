@@ -23,7 +23,10 @@ protected:
     }
 
     std::string evaluated(BrokerConnection& connection, oa::oaDesign& subject) {
-        return failureOf([&] { evaluateThroughBroker(connection, subject, system); });
+        std::optional<std::string> refusal;
+        const std::string failure =
+            failureOf([&] { refusal = evaluateThroughBroker(connection, subject, system); });
+        return refusal ? "refused: " + *refusal : failure;
     }
 
     std::string evaluated(BrokerConnection& connection) {
@@ -86,7 +89,8 @@ TEST_F(Requests, AResultThatIsNoneStays) {
     ovalis::test::writeText(path("result"), "no pcell file");
     tell("RESULT", path("result"));
     BrokerConnection connection = started("broker_answers");
-    EXPECT_THROW(evaluateThroughBroker(connection, design("cell"), system), oa::oaException);
+    EXPECT_THROW(static_cast<void>(evaluateThroughBroker(connection, design("cell"), system)),
+                 oa::oaException);
     EXPECT_EQ(filesBeside("result."), 1U);
     EXPECT_EQ(checked(connection), "none");
 }
@@ -136,7 +140,9 @@ TEST_F(Requests, SetUpIsNotLostWhenTheDirectoryCannotBeFound) {
     tell("REQUESTS", path("requests"));
     BrokerConnection connection = started("broker_answers");
     FailingSystem failing(0);
-    EXPECT_EQ(failureOf([&] { evaluateThroughBroker(connection, design("cell"), failing); }),
+    EXPECT_EQ(failureOf([&] {
+                  static_cast<void>(evaluateThroughBroker(connection, design("cell"), failing));
+              }),
               "GetCurrentDirectoryW failed: " + FailingSystem::errorText());
     EXPECT_TRUE(connection.setUpNeeded);
     evaluated(connection);
@@ -154,8 +160,8 @@ TEST_F(Requests, SetUpIsNotLostWhenTheBrokerDoesNotLive) {
 TEST_F(Requests, AFailedEvaluationLeavesTheConnectionUsable) {
     tell("FAILURE", "bad width");
     BrokerConnection connection = started("broker_status_0");
-    EXPECT_EQ(evaluated(connection), "bad width");
-    EXPECT_EQ(evaluated(connection), "bad width");
+    EXPECT_EQ(evaluated(connection), "refused: bad width");
+    EXPECT_EQ(evaluated(connection), "refused: bad width");
     EXPECT_TRUE(canEvaluate(connection, "type"));
 }
 
@@ -171,8 +177,8 @@ TEST_F(Requests, AnswersThatEndEarlyAreFailuresOfTheStreamAndBreakTheConnection)
         EXPECT_EQ(failureOf([&] { canEvaluate(connection, "type"); }), bytes >= 2   ? "none"
                                                                        : bytes == 1 ? ended
                                                                                     : broken);
-        EXPECT_EQ(evaluated(connection), bytes >= 6 ? "-" : bytes >= 3 ? ended : broken);
-        EXPECT_EQ(evaluated(connection), bytes >= 10 ? "-" : bytes >= 7 ? ended : broken);
+        EXPECT_EQ(evaluated(connection), bytes >= 6 ? "refused: -" : bytes >= 3 ? ended : broken);
+        EXPECT_EQ(evaluated(connection), bytes >= 10 ? "refused: -" : bytes >= 7 ? ended : broken);
         EXPECT_EQ(evaluated(connection), broken);
         EXPECT_EQ(checked(connection), broken);
     }
@@ -183,8 +189,8 @@ TEST_F(Requests, AnswersMayComeByteByByte) {
     BrokerConnection connection = started("broker_answers_slowly");
     EXPECT_EQ(checked(connection), "none");
     EXPECT_TRUE(canEvaluate(connection, "type"));
-    EXPECT_EQ(evaluated(connection), "slow but sound");
-    EXPECT_EQ(evaluated(connection), "slow but sound");
+    EXPECT_EQ(evaluated(connection), "refused: slow but sound");
+    EXPECT_EQ(evaluated(connection), "refused: slow but sound");
 }
 
 // Else a colon too many would pass for the next sign of life, and the one after it for an answer.
@@ -194,7 +200,7 @@ TEST_F(Requests, WhatIsAnsweredTooMuchBreaksTheConnection) {
         tell("EXTRA", extra);
         tell("COMMAND", "4");
         BrokerConnection behindEvaluation = started("broker_answers_too_much");
-        EXPECT_EQ(evaluated(behindEvaluation), "first");
+        EXPECT_EQ(evaluated(behindEvaluation), "refused: first");
         EXPECT_EQ(evaluated(behindEvaluation), broken);
 
         tell("COMMAND", "0");

@@ -211,8 +211,11 @@ protected:
             design->defineSuperMaster(oa::oaPcellLink::getPcellDef("trial"),
                                       oa::oaParamArray(&param, 1));
             design->save();
-            pcellBrokerClient::evaluateThroughBroker(connection, *design, system);
-            EXPECT_NE(design->getTopBlock(), nullptr);
+            if (const auto refusal =
+                    pcellBrokerClient::evaluateThroughBroker(connection, *design, system))
+                outcome = *refusal;
+            else
+                EXPECT_NE(design->getTopBlock(), nullptr);
         } catch (const std::exception& error) {
             outcome = error.what();
         } catch (const oa::oaException& error) {

@@ -49,14 +49,18 @@ TEST(PipeEnd, IsToldInSixteenDigits) {
 
 TEST(Pipe, GivesWhatHasArrivedUntilTheWriterIsGone) {
     Pipe pipe;
-    EXPECT_FALSE(pipe.input->hasInput());
+    EXPECT_EQ(pipe.input->inputState(), PipeInputState::empty);
     EXPECT_TRUE(pipe.output->write("abc\n\r\n\x1a", 7));
-    EXPECT_TRUE(pipe.input->hasInput());
+    EXPECT_EQ(pipe.input->inputState(), PipeInputState::ready);
     char bytes[100] = {};
     EXPECT_EQ(pipe.input->read(bytes, sizeof bytes), 7U);
     EXPECT_EQ(std::string(bytes, 7), "abc\n\r\n\x1a");
-    EXPECT_FALSE(pipe.input->hasInput());
+    EXPECT_EQ(pipe.input->inputState(), PipeInputState::empty);
+    EXPECT_TRUE(pipe.output->write("d", 1));
     pipe.output.reset();
+    EXPECT_EQ(pipe.input->inputState(), PipeInputState::ready);
+    EXPECT_EQ(pipe.input->read(bytes, sizeof bytes), 1U);
+    EXPECT_EQ(pipe.input->inputState(), PipeInputState::ended);
     EXPECT_EQ(pipe.input->read(bytes, sizeof bytes), 0U);
     EXPECT_EQ(pipe.input->read(bytes, sizeof bytes), 0U);
 }

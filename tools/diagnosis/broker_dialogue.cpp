@@ -1,42 +1,23 @@
 #include "diagnosis/broker_dialogue.h"
 
-#include <future>
-#include <memory>
 #include <thread>
 
 namespace diagnosis {
 namespace {
 
 using pcellBrokerClient::BrokerConnection;
+using std::chrono::steady_clock;
 
-Reply read(std::streambuf& stream) {
-    try {
-        return {Reply::Kind::byte, pcellBrokerClient::readByte(stream)};
-    } catch (...) {
-        return {Reply::Kind::ended, 0};
+/// False when nothing has come, and the broker has not ended, within the time.
+bool waitForInput(std::streambuf& stream, std::chrono::milliseconds patience) {
+    constexpr std::chrono::milliseconds pause(1);
+    const steady_clock::time_point end = steady_clock::now() + patience;
+    while (stream.in_avail() == 0) {
+        if (steady_clock::now() >= end)
+            return false;
+        std::this_thread::sleep_for(pause);
     }
-}
-
-/// An answer with the stream that it came from.
-using Answered = std::pair<Reply, std::unique_ptr<std::streambuf>>;
-
-Reply readWithin(BrokerConnection& connection, std::chrono::milliseconds patience) {
-    std::promise<Answered> promise;
-    std::future<Answered> answered = promise.get_future();
-    // A thread that waits in vain goes on until the broker or this process ends, so it owns what it
-    // reads.
-    std::thread([promise = std::move(promise),
-                 stream = std::move(connection.fromBroker)]() mutable {
-        const Reply reply = read(*stream);
-        promise.set_value({reply, std::move(stream)});
-    }).detach();
-    if (answered.wait_for(patience) != std::future_status::ready) {
-        connection.alive = false;
-        return {Reply::Kind::silent, 0};
-    }
-    Answered answer = answered.get();
-    connection.fromBroker = std::move(answer.second);
-    return answer.first;
+    return true;
 }
 
 } // namespace
@@ -48,10 +29,14 @@ Reply ask(BrokerConnection& connection, pcellBrokerClient::Command command, cons
         if (text)
             pcellBrokerClient::writeText(*connection.toBroker, text->c_str());
         pcellBrokerClient::flush(*connection.toBroker);
+        if (!waitForInput(*connection.fromBroker, patience)) {
+            connection.alive = false;
+            return {Reply::Kind::silent, 0};
+        }
+        return {Reply::Kind::byte, pcellBrokerClient::readByte(*connection.fromBroker)};
     } catch (const std::exception&) {
         return {Reply::Kind::ended, 0};
     }
-    return readWithin(connection, patience);
 }
 
 } // namespace diagnosis

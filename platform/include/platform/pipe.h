@@ -88,6 +88,12 @@ StreamDescriptor openDescriptor(PipeEnd& end, PipeDirection direction) noexcept;
 /// @returns null on failure; the descriptor stays what it was.
 std::FILE* openStream(StreamDescriptor& descriptor, PipeDirection direction) noexcept;
 
+enum class PipeInputState {
+    empty, ///< reading waits
+    ready, ///< something can be read
+    ended, ///< the writer is gone, and everything that it wrote has been read
+};
+
 /// One direction of the talk with another process. Nothing is buffered here: what is written goes
 /// out in one piece, and what is read is what has arrived.
 class PipeStream {
@@ -105,8 +111,8 @@ public:
     /// signal.
     bool write(const void* data, std::size_t size) noexcept;
 
-    /// True when something can be read without waiting.
-    bool hasInput() const noexcept;
+    /// What read() would find now.
+    PipeInputState inputState() const noexcept;
 
 private:
     std::FILE* stream;
