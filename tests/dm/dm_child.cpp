@@ -1,5 +1,6 @@
 // The other process of the library tests: does what its first argument says to the path that its
-// second names. Exit status 0: done, 1: refused, 2: failed. An action that begins with "hold" or
+// second names. Exit status 0: done, 1: refused, 2: failed,
+// 10 and more: the lock status that was asked for. An action that begins with "hold" or
 // "briefly" makes the file that the third argument names, and waits to be killed or for a second.
 
 #include "dm/src/edit_lock.h"
@@ -30,6 +31,24 @@ int tell(bool granted, const std::vector<std::string>& arguments) {
     return holds ? 2 : 0;
 }
 
+/// The file of a library that a path names.
+oaDMFile* fileAt(const std::string& path) {
+    oaLib* lib = openLibrary(platform::parentPath(path));
+    lib->getAccess(oacReadLibAccess);
+    return oaDMFile::find(lib, platform::fileName(path).c_str());
+}
+
+bool openData(const std::string& path) {
+    try {
+        oaDMData::open(openLibrary(path), 'a');
+        return true;
+    } catch (const oaDMError& error) {
+        if (error.getMsgId() != oacCannotLockDatabase)
+            throw;
+        return false;
+    }
+}
+
 int run(const std::vector<std::string>& arguments) {
     const std::string& action = arguments.at(1);
     const std::string& path = arguments.at(2);
@@ -37,6 +56,12 @@ int run(const std::vector<std::string>& arguments) {
         const auto lock = impl::EditLock::tryAcquire(path);
         return tell(lock.has_value(), arguments);
     }
+    if (action == "status-of-file")
+        return 10 + fileAt(path)->getLockStatus();
+    if (action.ends_with("file"))
+        return tell(fileAt(path)->getLock(), arguments);
+    if (action.ends_with("data"))
+        return tell(openData(path), arguments);
     const bool write = action.ends_with("write");
     return tell(openLibrary(path)->getAccess(write ? oacWriteLibAccess : oacReadLibAccess),
                 arguments);

@@ -126,3 +126,116 @@ TEST_F(DMFileTest, ForgetsUnwrittenEntriesOnClosing) {
     ASSERT_TRUE(lib->getAccess(oacReadLibAccess));
     EXPECT_TRUE(lib->getDMFiles().isEmpty());
 }
+
+TEST_F(DMFileTest, IsFoundAsItIsSpelledOnTheDisk) {
+    oaLib* lib = createWritable("lib");
+    put("lib/lib.defs", "x");
+    EXPECT_EQ(oaDMFile::find(lib, "LIB.DEFS"), nullptr);
+    EXPECT_THAT(namesIn(lib->getDMFiles()), ElementsAre("lib.defs"));
+    if (platform::exists(path("lib/LIB.DEFS"))) {
+        EXPECT_EQ(thrownBy([&] { oaDMFile::create(lib, "LIB.DEFS"); }).id, oacDMFileExists);
+    } else {
+        EXPECT_NE(oaDMFile::create(lib, "LIB.DEFS"), nullptr);
+    }
+}
+
+TEST_F(DMFileTest, OfAViewDoesNotExist) {
+    oaLib* lib = createWritable("lib");
+    const oaView* view = oaView::get(lib, scalarName("v"), oaViewType::get(oacSchematic));
+    for (const Thrown& thrown :
+         {thrownBy([&] { oaDMFile::create(view, "file"); }),
+          thrownBy([&] { oaDMFile::find(view, "file"); }), thrownBy([&] { view->getDMFiles(); })}) {
+        EXPECT_EQ(thrown.id, oacInvalidContainer);
+        EXPECT_EQ(thrown.text, "View 'v' cannot hold files.");
+    }
+}
+
+TEST_F(DMFileTest, FollowsAnotherOfItsContainer) {
+    oaLib* lib = createWritable("lib");
+    oaCellView* cellView = make(lib, "cell", "layout", oacMaskLayout);
+    oaDMFile* leader = cellView->getPrimary();
+    EXPECT_FALSE(leader->isLeader());
+    oaDMFile* second = oaDMFile::create(cellView, "second");
+    oaDMFile* first = oaDMFile::create(cellView, "first");
+    second->setLeader(leader);
+    first->setLeader(leader);
+    first->setLeader(leader);
+    EXPECT_TRUE(leader->isLeader());
+    EXPECT_EQ(leader->getLeader(), nullptr);
+    EXPECT_EQ(first->getLeader(), leader);
+    EXPECT_FALSE(first->isLeader());
+    EXPECT_THAT(namesIn(leader->getFollowers()), ElementsAre("first", "second"));
+    first->setLeader(nullptr);
+    EXPECT_EQ(first->getLeader(), nullptr);
+    EXPECT_THAT(namesIn(leader->getFollowers()), ElementsAre("second"));
+    second->destroy();
+    EXPECT_FALSE(leader->isLeader());
+}
+
+TEST_F(DMFileTest, IsAloneAgainWhenItsLeaderGoes) {
+    oaLib* lib = createWritable("lib");
+    oaDMFile* leader = oaDMFile::create(lib, "leader");
+    oaDMFile* follower = oaDMFile::create(lib, "follower");
+    follower->setLeader(leader);
+    leader->destroy();
+    EXPECT_EQ(follower->getLeader(), nullptr);
+    oaDMFile* another = oaDMFile::create(lib, "leader");
+    EXPECT_EQ(follower->getLeader(), nullptr);
+    EXPECT_TRUE(another->getFollowers().isEmpty());
+}
+
+TEST_F(DMFileTest, CannotFollowEveryFile) {
+    oaLib* lib = createWritable("lib");
+    oaDMFile* a = oaDMFile::create(lib, "a");
+    oaDMFile* b = oaDMFile::create(lib, "b");
+    oaDMFile* c = oaDMFile::create(lib, "c");
+    oaDMFile* d = oaDMFile::create(oaCell::get(lib, scalarName("cell")), "d");
+    b->setLeader(a);
+    const struct {
+        oaDMFile* file;
+        oaDMFile* leader;
+        const char* text;
+    } wrong[] = {
+        {a, a, "File 'a' cannot follow file 'a': it is the same file."},
+        {c, b, "File 'c' cannot follow file 'b': that one follows another file."},
+        {a, c, "File 'a' cannot follow file 'c': other files follow the first."},
+        {d, c, "File 'd' cannot follow file 'c': it lies elsewhere."},
+    };
+    for (const auto& [file, leader, text] : wrong) {
+        const Thrown thrown = thrownBy([&] { file->setLeader(leader); });
+        EXPECT_EQ(thrown.id, oacInvalidDMFileLeader);
+        EXPECT_EQ(thrown.text, text);
+        EXPECT_EQ(file->getLeader(), nullptr);
+    }
+    lib->releaseAccess();
+    EXPECT_EQ(thrownBy([&] { c->setLeader(a); }).id, oacLibAccessDenied);
+    EXPECT_EQ(thrownBy([&] { a->getFollowers(); }).id, oacLibAccessDenied);
+    EXPECT_EQ(b->getLeader(), a);
+}
+
+TEST_F(DMFileTest, LockIsSeenFromOtherProcesses) {
+    oaLib* lib = create("lib");
+    put("lib/file", "x");
+    ASSERT_TRUE(lib->getAccess(oacReadLibAccess));
+    oaDMFile* file = oaDMFile::find(lib, "file");
+    EXPECT_EQ(child("status-of-file", "lib/file"), 10 + oacNotLocked);
+    ASSERT_TRUE(file->getLock());
+    EXPECT_EQ(child("status-of-file", "lib/file"), 10 + oacLockedByForeignProcess);
+    EXPECT_EQ(child("lock-file", "lib/file"), 1);
+    file->releaseLock();
+    EXPECT_EQ(child("lock-file", "lib/file"), 0);
+    EXPECT_EQ(file->getLockStatus(), oacNotLocked);
+}
+
+TEST_F(DMFileTest, LockOfAnotherProcessEndsWithIt) {
+    oaLib* lib = create("lib");
+    put("lib/file", "x");
+    ASSERT_TRUE(lib->getAccess(oacReadLibAccess));
+    oaDMFile* file = oaDMFile::find(lib, "file");
+    WaitingChild holder("hold-file", path("lib/file"), path("ready"));
+    EXPECT_EQ(file->getLockStatus(), oacLockedByForeignProcess);
+    EXPECT_FALSE(file->getLock());
+    holder.kill();
+    EXPECT_EQ(file->getLockStatus(), oacNotLocked);
+    EXPECT_TRUE(file->getLock());
+}

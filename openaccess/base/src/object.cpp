@@ -39,6 +39,11 @@ oaBoolean oaObject::isDM() const {
     return type == oacLibType || (type >= oacCellType && type <= oacDMFileType);
 }
 
+oaBoolean oaObject::isDMData() const {
+    const oaTypeEnum type = getType();
+    return type >= oacLibDMDataType && type <= oacCellViewDMDataType;
+}
+
 oaBoolean oaObject::isProp() const {
     const oaTypeEnum type = getType();
     return type >= oacIntPropType && type <= oacEnumPropType;

@@ -1,5 +1,6 @@
 #include "oa/oaDMFile.h"
 
+#include "base/src/source.h"
 #include "dm/src/library.h"
 #include "dm/src/primary_files.h"
 #include "oa/oaException.h"
@@ -33,7 +34,9 @@ oaDMFile* oaDMFile::create(const oaDMContainer* parent, const oaString& name) {
     if (!isManagedFileName(file) || isBookkeepingFile(file))
         throw oaDMError(oacInvalidDMName, file.c_str(), "file");
     const ObjectRef container = locationOf(parent).ref;
-    if (library.findFile(container, file))
+    // The disk may hold the name in other letters.
+    if (library.findFile(container, file) ||
+        platform::isFile(platform::joinPath(library.pathOf(container), file)))
         throw oaDMError(oacDMFileExists, nameOf(parent).c_str(), file.c_str());
     return library.getFile(container, file);
 }
@@ -108,6 +111,40 @@ void oaDMFile::releaseLock() {
 
 oaDMLockStatus oaDMFile::getLockStatus() const {
     return EditLock::status(libraryOf(this).pathOf(this));
+}
+
+void oaDMFile::setLeader(oaDMFile* leader) {
+    Library& library = libraryOf(this, oacWriteLibAccess);
+    FileRecord& record = recordOf<FileRecord>(this);
+    if (!leader) {
+        record.leader = kNone;
+        return;
+    }
+    const FileRecord& leading = recordOf<FileRecord>(leader);
+    const auto require = [&](bool holds, const char* reason) {
+        if (!holds)
+            throw oaDMError(oacInvalidDMFileLeader, record.name.c_str(), leading.name.c_str(),
+                            reason);
+    };
+    require(leader != this, "it is the same file");
+    require(&libraryOf(leader) == &library && leading.parent == record.parent, "it lies elsewhere");
+    require(leading.leader == kNone, "that one follows another file");
+    require(!isLeader(), "other files follow the first");
+    record.leader = slotOf(leader);
+}
+
+oaDMFile* oaDMFile::getLeader() const {
+    const std::uint32_t leader = recordOf<FileRecord>(this).leader;
+    return leader == kNone ? nullptr : static_cast<oaDMFile*>(tableOf(this).handle(leader));
+}
+
+oaBoolean oaDMFile::isLeader() const {
+    return !libraryOf(this).followersOf(this).empty();
+}
+
+oaCollection<oaDMFile, oaDMFile> oaDMFile::getFollowers() const {
+    return collectionOf<oaCollection<oaDMFile, oaDMFile>>(
+        libraryOf(this, oacReadLibAccess).followersOf(this));
 }
 
 oaBoolean oaDMFile::isPrimary() const {

@@ -37,6 +37,13 @@ constexpr impl::MessageFormat formats[] = {
     {oacLibDefListRefExists, "Library definition list '%s' already includes '%s'."},
     {oacLibDefListMemNotInList, "The member does not belong to library definition list '%s'."},
     {oacInvalidLibDefText, "'%s' cannot be written into a library definition file."},
+    {oacInvalidDMFileLeader, "File '%s' cannot follow file '%s': %s."},
+    {oacDMDataNotFound, "There are no data of %s."},
+    {oacOpenUndefinedModeDMData,
+     "The data of %s cannot be opened in mode '%c'; use 'r', 'a' or 'w'."},
+    {oacSaveReadOnlyDMData, "The data of %s are open for reading and cannot be saved."},
+    {oacCannotModifyReadModeDMData, "The data of %s are open for reading and cannot be changed."},
+    {oacCannotDestroyOpenDMData, "The data of %s are open and cannot be destroyed."},
     {oacMismatchViewType, "View '%s' already exists with view type '%s', not '%s'."},
 };
 

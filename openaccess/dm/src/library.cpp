@@ -63,7 +63,7 @@ Library::Library(LibraryPlace place)
 bool Library::exists(const std::string& path) {
     if (!platform::isDirectory(path))
         return false;
-    for (const char* file : {LibraryMarker::kFileName, "tech.db", "data.dm"})
+    for (const char* file : {LibraryMarker::kFileName, "tech.db", kDataFile})
         if (platform::isFile(platform::joinPath(path, file)))
             return true;
     try {

@@ -58,6 +58,7 @@ struct FileRecord {
 
     ObjectRef parent;
     std::string name;
+    std::uint32_t leader = kNone;
     std::optional<EditLock> lock = {};
 };
 
@@ -83,6 +84,8 @@ public:
     oaObject* object() const override { return handle(); }
     void requireEditable() const override {}
     bool holdsProperties() const override { return false; }
+    /// Closes the data of the object as well.
+    void forgetAttachments(const ObjectRef& ref) override;
 
     oaLib* handle() const;
     const std::string& name() const { return place_.name; }
@@ -124,11 +127,15 @@ public:
     oaDMFile* findFile(const ObjectRef& container, const std::string& file);
     oaDMFile* getFile(const ObjectRef& container, const std::string& file);
     std::vector<oaObject*> files(const ObjectRef& container);
+    std::vector<oaObject*> followersOf(const oaDMFile* leader);
     void destroy(oaDMFile* file);
 
     /// The directory of a library, cell or cell view.
     std::string pathOf(const ObjectRef& container) const;
     std::string pathOf(const oaDMFile* file) const;
+
+    /// The file with the properties of a library, cell, view or cell view.
+    std::string dataFileOf(const ObjectRef& object) const;
 
     /// Runs what touches the disk; failures leave as the package's own errors.
     template <class Body>
@@ -155,6 +162,7 @@ private:
     std::uint32_t addCellView(std::uint32_t cell, std::uint32_t view, std::string directory,
                               std::string primary);
     std::uint32_t viewSlot(const std::string& view, const oaViewType* viewType);
+    bool holdsFile(const ObjectRef& container, const std::string& file) const;
     void forgetFiles(const ObjectRef& container);
     void forgetCellView(std::uint32_t slot);
     void forgetCell(std::uint32_t slot);

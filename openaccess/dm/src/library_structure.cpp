@@ -1,8 +1,10 @@
+#include "dm/src/dm_data_files.h"
 #include "dm/src/dm_session.h"
 #include "dm/src/library.h"
 #include "dm/src/primary_files.h"
 #include "platform/atomic_file.h"
 
+#include <algorithm>
 #include <set>
 
 namespace OpenAccess_4::impl {
@@ -254,10 +256,22 @@ oaDMFile* Library::findFile(const ObjectRef& container, const std::string& file)
     const auto& known = filesByContainer_[container.key()];
     const bool isPrimary =
         container.table == cellViews_.id().number && cellViews_[container.slot].primary == file;
-    const bool isThere = known.contains(file) || isPrimary ||
-                         (isManagedFileName(file) && !isBookkeepingFile(file) &&
-                          platform::isFile(platform::joinPath(pathOf(container), file)));
+    const bool isThere = known.contains(file) || isPrimary || holdsFile(container, file);
     return isThere ? getFile(container, file) : nullptr;
+}
+
+bool Library::holdsFile(const ObjectRef& container, const std::string& file) const {
+    if (isBookkeepingFile(file))
+        return false;
+    const std::string directory = pathOf(container);
+    if (isManagedFileName(file)) {
+        const std::string path = platform::joinPath(directory, file);
+        return platform::isFile(path) && platform::existsAsSpelled(path);
+    }
+    // A name that only one of the systems allows means something else to the other.
+    const auto entries = onDisk([&] { return platform::listDirectory(directory); });
+    return std::ranges::find(entries, platform::DirectoryEntry{file, platform::EntryKind::file}) !=
+           entries.end();
 }
 
 oaDMFile* Library::getFile(const ObjectRef& container, const std::string& file) {
@@ -280,10 +294,21 @@ std::vector<oaObject*> Library::files(const ObjectRef& container) {
     return result;
 }
 
+std::vector<oaObject*> Library::followersOf(const oaDMFile* leader) {
+    const std::uint32_t wanted = slotOf(leader);
+    std::vector<oaObject*> result;
+    for (const auto& [name, slot] : filesByContainer_[files_[wanted].parent.key()])
+        if (files_[slot].leader == wanted)
+            result.push_back(files_.handle(slot));
+    return result;
+}
+
 void Library::destroy(oaDMFile* file) {
     const std::uint32_t slot = slotOf(file);
     const std::string path = pathOf(file);
     onDisk([&] { platform::removeTree(path); });
+    for (const oaObject* follower : followersOf(file))
+        recordOf<FileRecord>(follower).leader = kNone;
     forgetAttachments({files_.id().number, slot});
     filesByContainer_[files_[slot].parent.key()].erase(files_[slot].name);
     files_.destroy(slot);
@@ -307,6 +332,20 @@ std::string Library::pathOf(const ObjectRef& container) const {
         return fullPath_;
     const CellViewRecord& record = cellViews_[container.slot];
     return platform::joinPath(pathOf({cells_.id().number, record.cell}), record.directory);
+}
+
+std::string Library::dataFileOf(const ObjectRef& object) const {
+    if (object.table != views_.id().number)
+        return platform::joinPath(pathOf(object), kDataFile);
+    const ViewRecord& view = views_[object.slot];
+    const std::string& type = recordOf<ViewTypeRecord>(view.viewType).name;
+    return platform::joinPath(fullPath_, "data." + names_.toDirectory(view.name) + "." +
+                                             names_.toDirectory(type) + ".dm");
+}
+
+void Library::forgetAttachments(const ObjectRef& ref) {
+    purgeDMDataOf(static_cast<oaDMObject*>(Database::handle(ref)));
+    Database::forgetAttachments(ref);
 }
 
 std::string Library::pathOf(const oaDMFile* file) const {

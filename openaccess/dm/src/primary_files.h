@@ -28,6 +28,9 @@ bool isManagedFileName(const std::string& name);
 /// True for the files that belong to the library's own book-keeping.
 bool isBookkeepingFile(const std::string& name);
 
+/// The file with the properties of the library, cell or cell view that it lies in.
+inline constexpr const char* kDataFile = "data.dm";
+
 /// The lock file of library-wide access.
 inline constexpr const char* kAccessLockFile = ".oalib.lck";
 

@@ -10,7 +10,12 @@
 namespace OpenAccess_4::impl {
 
 /// What a database file holds.
-enum class DatabaseFileKind : std::uint32_t { Design = 1, Technology = 2, PcellSubmasters = 3 };
+enum class DatabaseFileKind : std::uint32_t {
+    Design = 1,
+    Technology = 2,
+    PcellSubmasters = 3,
+    LibraryData = 4
+};
 
 /// Fills `database`, whose fixed tables exist and are empty, from a file. Everything is verified
 /// before it is used; after a failure the database is to be thrown away.

@@ -51,6 +51,7 @@ public:
     oaBoolean isAppObject() const;
     oaBoolean isDesign() const;
     oaBoolean isDM() const;
+    oaBoolean isDMData() const;
     oaBoolean isProp() const;
     oaBoolean isSession() const;
     oaBoolean isTech() const;

@@ -49,6 +49,24 @@ public:
 
     oaDMLockStatus getLockStatus() const;
 
+    /// The files of one container can follow one of them, for systems that treat them as one. Who
+    /// leads is remembered until the library is closed or one of the two is destroyed.
+    ///
+    /// Null takes the file away from its leader.
+    /// @throws oaDMError  oacInvalidDMFileLeader: the leader is the file itself, lies in another
+    ///                    container or follows a file, or the file has followers;
+    ///                    oacLibAccessDenied without write access
+    void setLeader(oaDMFile* leader);
+
+    /// Null when the file follows none.
+    oaDMFile* getLeader() const;
+
+    /// True when at least one file follows this one.
+    oaBoolean isLeader() const;
+
+    /// Sorted by name. @throws oaDMError  oacLibAccessDenied without read access
+    oaCollection<oaDMFile, oaDMFile> getFollowers() const;
+
     /// True for the file that holds the content of its cell view.
     oaBoolean isPrimary() const;
 

@@ -33,6 +33,12 @@ enum oaDDMsgIds {
     oacLibDefListRefExists,
     oacLibDefListMemNotInList,
     oacInvalidLibDefText,
+    oacInvalidDMFileLeader,
+    oacDMDataNotFound,
+    oacOpenUndefinedModeDMData,
+    oacSaveReadOnlyDMData,
+    oacCannotModifyReadModeDMData,
+    oacCannotDestroyOpenDMData,
     oacMismatchViewType = 3107,
 };
 
