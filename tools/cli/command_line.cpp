@@ -73,6 +73,7 @@ struct Options {
     ExportOptions exporting;
     LibraryOptions check;
     ListOptions list;
+    LibsOptions libs;
     DrawOptions draw;
     CopyOptions copy;
     EvaluateOptions evaluate;
@@ -115,6 +116,15 @@ void addList(CLI::App& app, Options& options, Console& console, int& status) {
     command.add_option("CELL", options.list.cell, "Only this cell");
     command.add_flag("--json", options.list.json, "Write JSON for programs");
     command.callback([&] { status = listCommand(options.list, console); });
+}
+
+void addLibsCommand(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command = addCommand(app, "libs", "List what a library definition file defines",
+                                   "ovalis libs trial/lib.defs --json");
+    command.add_option("FILE", options.libs.file,
+                       "Library definition file; the default one without");
+    command.add_flag("--json", options.libs.json, "Write JSON for programs");
+    command.callback([&] { status = libsCommand(options.libs, console); });
 }
 
 void addDraw(CLI::App& app, Options& options, Console& console, int& status) {
@@ -244,6 +254,7 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     addExport(app, options, console, status);
     addCheck(app, options, console, status);
     addList(app, options, console, status);
+    addLibsCommand(app, options, console, status);
     addDraw(app, options, console, status);
     addCopy(app, options, console, status);
     addMakePcell(app, options, console, status);

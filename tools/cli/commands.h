@@ -32,6 +32,12 @@ struct CellViewOptions {
     std::string view;
 };
 
+struct LibsOptions {
+    /// The library definition file; the default one when empty.
+    std::string file;
+    bool json = false;
+};
+
 struct DrawOptions {
     CellViewOptions design;
     /// The top library list; the library's own `lib.defs` when empty.
@@ -109,6 +115,10 @@ int checkCommand(const LibraryOptions& options, Console& console);
 
 /// Lists cells, views and view types.
 int listCommand(const ListOptions& options, Console& console);
+
+/// Lists what a library definition file defines and what became of it; `somethingMissing` when a
+/// library cannot be opened.
+int libsCommand(const LibsOptions& options, Console& console);
 
 /// Draws a design as SVG.
 int drawCommand(const DrawOptions& options, Console& console);

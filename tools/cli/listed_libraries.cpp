@@ -1,0 +1,213 @@
+#include "cli/listed_libraries.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <list>
+#include <map>
+#include <stdexcept>
+
+#include "cli/library_access.h"
+#include "platform/file.h"
+#include "platform/path.h"
+
+namespace cli {
+namespace {
+
+template <class Object, class Owner>
+std::vector<Object*> all(const oa::oaCollection<Object, Owner>& collection) {
+    std::vector<Object*> found;
+    oa::oaIter<Object> walk(collection);
+    while (Object* each = walk.getNext())
+        found.push_back(each);
+    return found;
+}
+
+template <class Object, class Owner>
+std::set<const Object*> present(const oa::oaCollection<Object, Owner>& collection) {
+    const std::vector<Object*> found = all(collection);
+    return {found.begin(), found.end()};
+}
+
+std::string fullPathOf(const oa::oaLibDefList& list) {
+    oa::oaString path;
+    list.getFullPath(path);
+    return ovalis::fromOa(path);
+}
+
+/// Keeps what the database finds wrong while it lives.
+class WarningLog : public oa::oaObserver<oa::oaLibDefList> {
+public:
+    explicit WarningLog(std::vector<std::string>& texts)
+        : oa::oaObserver<oa::oaLibDefList>(1), texts_(texts) {}
+
+    oa::oaBoolean onLoadWarnings(oa::oaLibDefList* list, const oa::oaString& message,
+                                 oa::oaLibDefListWarningTypeEnum type) override {
+        texts_.push_back(ovalis::fromOa(message));
+        noneOpened = noneOpened || type == oa::oacSyntaxErrorLibDefListWarning;
+        oneRefused = oneRefused || type == oa::oacCannotOpenLibLibDefListWarning;
+        if (list != nullptr && type == oa::oacUndefinedVarLibDefListWarning)
+            listsWithoutVariable.insert(fullPathOf(*list));
+        return true;
+    }
+
+    bool noneOpened = false;
+    bool oneRefused = false;
+    std::set<std::string> listsWithoutVariable;
+
+private:
+    std::vector<std::string>& texts_;
+};
+
+/// True for a path that means the same in every directory.
+bool standsAlone(const std::string& path) {
+    return !path.empty() &&
+           (platform::isPathSeparator(path.front()) || std::filesystem::path(path).has_root_name());
+}
+
+std::string directoryOf(const oa::oaLibDef& definition, const std::string& path) {
+    if (standsAlone(path))
+        return platform::absolutePath(path);
+    const std::string file = fullPathOf(*definition.getList());
+    return platform::absolutePath(platform::joinPath(platform::parentPath(file), path));
+}
+
+bool isOpenFrom(const oa::oaScalarName& name, const std::string& directory) {
+    const oa::oaLib* lib = oa::oaLib::find(name);
+    if (lib == nullptr)
+        return false;
+    oa::oaString path;
+    lib->getFullPath(path);
+    return platform::sameFile(ovalis::fromOa(path), directory);
+}
+
+ListedLibrary described(const oa::oaLibDef& definition) {
+    oa::oaScalarName name;
+    oa::oaString text;
+    definition.getLibName(name);
+    name.get(oa::oaNativeNS(), text);
+    ListedLibrary library;
+    library.name = ovalis::fromOa(text);
+    definition.getLibPath(text);
+    library.path = ovalis::fromOa(text);
+    library.directory = directoryOf(definition, library.path);
+    library.list = fullPathOf(*definition.getList());
+    library.exists = platform::isDirectory(library.directory);
+    library.unresolved = !library.exists && library.path.find('$') != std::string::npos;
+    library.open = isOpenFrom(name, library.directory);
+    return library;
+}
+
+/// The definitions in the order in which the library flattens them, and those that count: the
+/// database takes each file once, where it is met first, and the last definition of a name.
+class Definitions {
+public:
+    explicit Definitions(const oa::oaLibDefList& list) {
+        enter(list);
+        while (!walks_.empty()) {
+            Walk& walk = walks_.back();
+            oa::oaLibDefListMem* member = walk.members.getNext();
+            if (member == nullptr)
+                walks_.pop_back();
+            else if (member->getType() == oa::oacLibDefType)
+                add(static_cast<oa::oaLibDef&>(*member), walk.isFirst);
+            else if (member->getType() == oa::oacLibDefListRefType)
+                follow(static_cast<oa::oaLibDefListRef&>(*member));
+        }
+    }
+
+    const std::vector<const oa::oaLibDef*>& inOrder() const { return inOrder_; }
+    bool counts(const std::string& name, const oa::oaLibDef* definition) const {
+        return last_.at(name) == definition;
+    }
+
+private:
+    struct Walk {
+        const oa::oaLibDefList* list;
+        oa::oaIter<oa::oaLibDefListMem> members;
+        bool isFirst;
+    };
+
+    void enter(const oa::oaLibDefList& list) {
+        const bool isFirst = entered_.insert(&list).second;
+        walks_.push_back({&list, oa::oaIter<oa::oaLibDefListMem>(list.getMembers()), isFirst});
+    }
+
+    void add(const oa::oaLibDef& definition, bool isFirst) {
+        inOrder_.push_back(&definition);
+        oa::oaScalarName name;
+        oa::oaString text;
+        definition.getLibName(name);
+        name.get(oa::oaNativeNS(), text);
+        if (isFirst)
+            last_[ovalis::fromOa(text)] = &definition;
+    }
+
+    void follow(const oa::oaLibDefListRef& reference) {
+        oa::oaString path;
+        reference.getRefListPath(path);
+        // What could not be read when the lists were loaded is not there.
+        const oa::oaLibDefList* list = oa::oaLibDefList::find(path);
+        const bool isWalked = std::any_of(walks_.begin(), walks_.end(),
+                                          [&](const Walk& walk) { return walk.list == list; });
+        if (list != nullptr && !isWalked)
+            enter(*list);
+    }
+
+    std::list<Walk> walks_;
+    std::set<const oa::oaLibDefList*> entered_;
+    std::vector<const oa::oaLibDef*> inOrder_;
+    std::map<std::string, const oa::oaLibDef*> last_;
+};
+
+} // namespace
+
+ListedLibraries::ListedLibraries(const std::string& file) {
+    ovalis::initOa();
+    librariesBefore_ = present(oa::oaLib::getOpenLibs());
+    listsBefore_ = present(oa::oaLibDefList::getLibDefLists());
+    try {
+        calling([&] { load(file); });
+    } catch (...) {
+        close();
+        throw;
+    }
+}
+
+ListedLibraries::~ListedLibraries() {
+    close();
+}
+
+void ListedLibraries::load(const std::string& file) {
+    std::string messages;
+    WarningLog log(warnings_);
+    const oa::oaLibDefList* list = ovalis::openLibraryList(file, &messages);
+    if (list == nullptr)
+        throw std::runtime_error(messages);
+    file_ = fullPathOf(*list);
+    const Definitions definitions(*list);
+    bool lacksVariable = false;
+    for (const oa::oaLibDef* definition : definitions.inOrder()) {
+        ListedLibrary library = described(*definition);
+        library.effective = definitions.counts(library.name, definition);
+        library.open = library.open && library.effective;
+        lacksVariable = lacksVariable || (library.effective && library.unresolved &&
+                                          log.listsWithoutVariable.contains(library.list));
+        libraries_.push_back(std::move(library));
+    }
+    allOpen_ = !log.noneOpened && !log.oneRefused && !lacksVariable;
+}
+
+void ListedLibraries::close() noexcept {
+    try {
+        for (oa::oaLib* lib : all(oa::oaLib::getOpenLibs()))
+            if (!librariesBefore_.contains(lib))
+                lib->close();
+        for (oa::oaLibDefList* list : all(oa::oaLibDefList::getLibDefLists()))
+            if (!listsBefore_.contains(list))
+                list->destroy();
+    } catch (const oa::oaException&) {
+        // What is left open goes with the process.
+    }
+}
+
+} // namespace cli
