@@ -1,10 +1,11 @@
-#include "oa/oaAppDef.h"
+#include "oa/oaAppDefObserver.h"
 
 #include "base/src/session.h"
 
 namespace OpenAccess_4 {
 
 using namespace impl;
+using AppDefObserver = oaVersionedObserver<oaAppDef, 0>;
 
 namespace impl {
 
@@ -26,30 +27,87 @@ bool isOfRightSize(const oaAppDef* def, oaUInt4 size) {
     return record.kind != AppValueKind::Data || record.defaultText.size() == size;
 }
 
+/// Changes the value of an object and tells the observers before and after.
+template <class Change>
+void changeValue(const oaAppDef* def, oaObject* object, Change change) {
+    const Location owner = locationOf(object);
+    auto* told = const_cast<oaAppDef*>(def); // observers get the definition that they may change
+    owner.database->requireEditable();
+    AppDefObserver::notifyPreModifyObservers(object, told);
+    owner.database->edit();
+    change(owner.database->appValues, owner.ref);
+    AppDefObserver::notifyPostModifyObservers(object, told);
+}
+
 oaAppDef* addDef(AppDefRecord record) {
     Table<AppDefRecord>& defs = Session::instance().appDefs();
     return static_cast<oaAppDef*>(defs.handle(defs.add(std::move(record))));
 }
 
+/// A definition that was known from a database only becomes one of the client's class, in its
+/// place: pointers to it stay what they are.
+void giveClass(oaAppDef* def, AppDefs::Make make) {
+    recordOf<AppDefRecord>(def).make = make;
+    Slab* slab = Handles::slabOf(def);
+    def->~oaAppDef();
+    Handles::setSlab(make(def), slab);
+}
+
+/// The session's definition: as it is, or with the wanted default when it was known from a
+/// database, which keeps none.
+oaAppDef* getDef(const AppDefs::Request& request, const AppDefRecord& wanted) {
+    oaAppDef* def = AppDefs::find(request, wanted.make);
+    if (!def)
+        return addDef(wanted);
+    AppDefRecord& record = recordOf<AppDefRecord>(def);
+    if (record.ofDatabase) {
+        record.defaultBits = wanted.defaultBits;
+        record.defaultText = wanted.defaultText;
+        record.ofDatabase = false;
+    }
+    return def;
+}
+
 } // namespace
 
-oaAppDef* AppDefs::find(const Request& request) {
-    return Session::instance().findAppDef(request.kind, request.objectClass, request.name);
+oaAppDef* Session::getStoredAppDef(AppValueKind kind, std::string_view objectClass,
+                                   std::string_view name) {
+    if (oaAppDef* def = findAppDef(kind, objectClass, name))
+        return def;
+    AppDefRecord record{std::string(name),
+                        std::string(objectClass),
+                        kind,
+                        true,
+                        0,
+                        {},
+                        &Handles::construct<oaAppDef>};
+    record.ofDatabase = true;
+    return addDef(std::move(record));
+}
+
+oaAppDef* AppDefs::find(const Request& request, Make make) {
+    oaAppDef* def = Session::instance().findAppDef(request.kind, request.objectClass, request.name);
+    if (def && recordOf<AppDefRecord>(def).ofDatabase)
+        giveClass(def, make);
+    return def;
 }
 
 oaAppDef* AppDefs::get(const Request& request, oaUInt8 defaultBits, oaBoolean persist, Make make) {
-    if (oaAppDef* def = find(request))
-        return def;
-    return addDef(
-        {request.name, request.objectClass, request.kind, persist != 0, defaultBits, {}, make});
+    const AppDefRecord wanted{
+        request.name, request.objectClass, request.kind, persist != 0, defaultBits, {}, make};
+    return getDef(request, wanted);
 }
 
 oaAppDef* AppDefs::get(const Request& request, const oaByte* defaultBytes, oaUInt4 size,
                        oaBoolean persist, Make make) {
-    if (oaAppDef* def = find(request))
-        return def;
-    return addDef({request.name, request.objectClass, request.kind, persist != 0, 0,
-                   std::string(textOf(defaultBytes, size)), make});
+    const AppDefRecord wanted{request.name,
+                              request.objectClass,
+                              request.kind,
+                              persist != 0,
+                              0,
+                              std::string(textOf(defaultBytes, size)),
+                              make};
+    return getDef(request, wanted);
 }
 
 oaUInt8 AppDefs::bits(const oaAppDef* def, const oaObject* object) {
@@ -59,13 +117,13 @@ oaUInt8 AppDefs::bits(const oaAppDef* def, const oaObject* object) {
 }
 
 void AppDefs::setBits(const oaAppDef* def, oaObject* object, oaUInt8 bits) {
-    const Location owner = locationOf(object);
-    owner.database->edit();
-    // A value that equals the default counts as none.
-    if (bits == defaultBits(def))
-        owner.database->appValues.remove(owner.ref, def);
-    else
-        owner.database->appValues.get(owner.ref, def).bits = bits;
+    changeValue(def, object, [&](AppValues& values, const ObjectRef& owner) {
+        // A value that equals the default counts as none.
+        if (bits == defaultBits(def))
+            values.remove(owner, def);
+        else
+            values.get(owner, def).bits = bits;
+    });
 }
 
 oaUInt8 AppDefs::defaultBits(const oaAppDef* def) {
@@ -83,13 +141,13 @@ const oaByte* AppDefs::bytes(const oaAppDef* def, const oaObject* object, oaUInt
 }
 
 void AppDefs::setBytes(const oaAppDef* def, oaObject* object, const oaByte* bytes, oaUInt4 size) {
-    const Location owner = locationOf(object);
-    owner.database->edit();
     const std::string_view text = textOf(bytes, size);
-    if (text == recordOf<AppDefRecord>(def).defaultText)
-        owner.database->appValues.remove(owner.ref, def);
-    else
-        owner.database->appValues.get(owner.ref, def).text = owner.database->strings.intern(text);
+    changeValue(def, object, [&](AppValues& values, const ObjectRef& owner) {
+        if (text == recordOf<AppDefRecord>(def).defaultText)
+            values.remove(owner, def);
+        else
+            values.get(owner, def).text = databaseOf(object).strings.intern(text);
+    });
 }
 
 const oaByte* AppDefs::defaultBytes(const oaAppDef* def, oaUInt4& size) {
@@ -107,9 +165,8 @@ oaBoolean oaAppDef::isPersistent() const {
 }
 
 void oaAppDef::destroy(oaObject* object) {
-    const Location owner = locationOf(object);
-    owner.database->edit();
-    owner.database->appValues.remove(owner.ref, this);
+    changeValue(this, object,
+                [&](AppValues& values, const ObjectRef& owner) { values.remove(owner, this); });
 }
 
 oaBoolean oaAppDef::isUsedIn(const oaObject* database) const {

@@ -3,10 +3,13 @@
 #include "base/src/database.h"
 #include "base/src/session.h"
 #include "oa/oaAppDef.h"
+#include "oa/oaAppDefObserver.h"
 #include "oa/oaBaseMsgIds.h"
 #include "oa/oaException.h"
 
 namespace OpenAccess_4::impl {
+
+using AppDefObserver = oaVersionedObserver<oaAppDef, 0>;
 
 AppValues::AppValues(Database& database)
     : database_(database),
@@ -70,6 +73,23 @@ void AppValues::removeAll(const oaAppDef* def) {
         values.remove(slot);
 }
 
+void AppValues::reportConflicts() {
+    if (!AppDefObserver::hasObservers())
+        return;
+    struct Conflict {
+        std::string name;
+        oaTypeEnum type;
+    };
+    std::vector<Conflict> conflicts; // told afterwards: observers may change what is walked through
+    defs_.forEach([&](std::uint32_t, const StoredAppDefRecord& def) {
+        const std::string_view name = database_.strings.text(def.name);
+        if (Session::instance().disagrees(def.kind, database_.strings.text(def.objectClass), name))
+            conflicts.push_back({std::string(name), typeOf(def.kind)});
+    });
+    for (const Conflict& conflict : conflicts)
+        AppDefObserver::notifyOnConflictObservers(conflict.name.c_str(), conflict.type);
+}
+
 bool AppValues::any(const ObjectRef& owner) {
     return stored_.byOwner().first(owner.key()) != kNone ||
            transient_.byOwner().first(owner.key()) != kNone;
@@ -88,10 +108,9 @@ std::vector<oaObject*> AppValues::definitionsOf(const ObjectRef& owner) {
     Session& session = Session::instance();
     for (const std::uint32_t slot : stored_.byOwner().slots(owner.key())) {
         const StoredAppDefRecord& stored = defs_[stored_.table[slot].def];
-        if (oaAppDef* def =
-                session.findAppDef(stored.kind, database_.strings.chars(stored.objectClass),
-                                   database_.strings.chars(stored.name)))
-            definitions.push_back(def);
+        definitions.push_back(session.getStoredAppDef(stored.kind,
+                                                      database_.strings.text(stored.objectClass),
+                                                      database_.strings.text(stored.name)));
     }
     for (const std::uint32_t slot : transient_.byOwner().slots(owner.key()))
         definitions.push_back(session.appDefs().handle(transient_.table[slot].def));

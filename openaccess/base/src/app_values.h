@@ -28,6 +28,9 @@ enum class AppValueKind : std::uint32_t {
     Count
 };
 
+/// The type of the definitions of values of that kind.
+oaTypeEnum typeOf(AppValueKind kind);
+
 /// True when the eight bytes of a value of that kind are the number of a text.
 inline bool isText(AppValueKind kind) {
     return kind == AppValueKind::String || kind == AppValueKind::Data ||
@@ -82,9 +85,12 @@ public:
     void removeAll(const ObjectRef& owner);
     void removeAll(const oaAppDef* def);
 
+    /// Tells the observers of each definition of the database that the session has otherwise.
+    void reportConflicts();
+
     bool any(const ObjectRef& owner);
     bool isUsed(const oaAppDef* def);
-    /// The definitions, as far as the session knows them, of the values of an object.
+    /// The definitions of the values of an object; those that the session does not know are made.
     std::vector<oaObject*> definitionsOf(const ObjectRef& owner);
 
 private:

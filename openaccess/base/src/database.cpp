@@ -2,7 +2,7 @@
 
 namespace OpenAccess_4::impl {
 
-Database::Database() : properties(*this), appValues(*this) {}
+Database::Database() : properties(*this), appValues(*this), groups(*this) {}
 
 Database::~Database() = default;
 
@@ -21,9 +21,15 @@ oaObject* Database::handle(const ObjectRef& ref) const {
     return ref == kDatabaseItself ? object() : table(ref.table)->handle(ref.slot);
 }
 
+void Database::reportConflicts() {
+    appValues.reportConflicts();
+    groups.reportConflicts();
+}
+
 void Database::forgetAttachments(const ObjectRef& ref) {
     properties.removeAll(ref);
     appValues.removeAll(ref);
+    groups.removeAll(ref);
 }
 
 void Database::place(std::unique_ptr<TableBase> table) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/src/app_values.h"
+#include "base/src/groups.h"
 #include "base/src/point_pool.h"
 #include "base/src/properties.h"
 #include "base/src/string_pool.h"
@@ -58,6 +59,10 @@ public:
     /// The public object that a reference names; null for a reference to nothing.
     oaObject* handle(const ObjectRef& ref) const;
 
+    /// Tells the observers of session-wide definitions where what a file has brought disagrees
+    /// with them. Called when the content is read and found sound.
+    virtual void reportConflicts();
+
     /// Drops what is attached to an object that is about to be destroyed.
     virtual void forgetAttachments(const ObjectRef& ref);
 
@@ -87,6 +92,7 @@ private:
 public:
     Properties properties;
     AppValues appValues;
+    Groups groups;
 };
 
 /// The database that holds the attachments of an object.

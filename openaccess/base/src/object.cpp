@@ -3,6 +3,7 @@
 #include "base/src/database.h"
 #include "base/src/source.h"
 #include "oa/oaAppDef.h"
+#include "oa/oaGroup.h"
 #include "oa/oaProp.h"
 
 namespace OpenAccess_4 {
@@ -30,6 +31,28 @@ oaBoolean oaObject::isAppObject() const {
     return getType() == oacAppObjectType;
 }
 
+oaBoolean oaObject::isConstraint() const {
+    const oaTypeEnum type = getType();
+    return (type >= oacSimpleConstraintType && type <= oacLayerPairConstraintType) ||
+           type == oacLayerArrayConstraintType;
+}
+
+oaBoolean oaObject::isConstraintGroup() const {
+    return getType() == oacConstraintGroupType;
+}
+
+oaBoolean oaObject::isConstraintGroupHeader() const {
+    return getType() == oacConstraintGroupHeaderType;
+}
+
+oaBoolean oaObject::isConstraintGroupMem() const {
+    return getType() == oacConstraintGroupMemType;
+}
+
+oaBoolean oaObject::isConstraintParam() const {
+    return getType() == oacConstraintParamType;
+}
+
 oaBoolean oaObject::isDesign() const {
     return getType() == oacDesignType;
 }
@@ -44,6 +67,14 @@ oaBoolean oaObject::isDMData() const {
     return type >= oacLibDMDataType && type <= oacCellViewDMDataType;
 }
 
+oaBoolean oaObject::isGroup() const {
+    return getType() == oacGroupType;
+}
+
+oaBoolean oaObject::isGroupMember() const {
+    return getType() == oacGroupMemberType;
+}
+
 oaBoolean oaObject::isProp() const {
     const oaTypeEnum type = getType();
     return type >= oacIntPropType && type <= oacEnumPropType;
@@ -55,6 +86,17 @@ oaBoolean oaObject::isSession() const {
 
 oaBoolean oaObject::isTech() const {
     return getType() == oacTechType;
+}
+
+oaBoolean oaObject::isValue() const {
+    const oaTypeEnum type = getType();
+    return (type >= oacBooleanValueType && type <= oacViaDef2DTblValueType) ||
+           (type >= oacUInt8ValueType && type <= oacUInt8RangeValueType) ||
+           type == oacStringValueType;
+}
+
+oaBoolean oaObject::isWafer() const {
+    return getType() == oacWaferType;
 }
 
 oaCollection<oaProp, oaObject> oaObject::getProps() const {
@@ -77,6 +119,40 @@ oaCollection<oaAppDef, oaObject> oaObject::getAppDefs() const {
 oaBoolean oaObject::hasAppDef() const {
     const Location location = locationOf(this);
     return location.database->appValues.any(location.ref);
+}
+
+oaCollection<oaGroupMember, oaObject> oaObject::getGroupMems() const {
+    const Location location = locationOf(this);
+    return collectionOf<oaCollection<oaGroupMember, oaObject>>(
+        location.database->groups.membershipsOf(location.ref, false));
+}
+
+oaCollection<oaGroupMember, oaObject> oaObject::getGroupLeaders() const {
+    const Location location = locationOf(this);
+    return collectionOf<oaCollection<oaGroupMember, oaObject>>(
+        location.database->groups.membershipsOf(location.ref, true));
+}
+
+oaCollection<oaGroup, oaObject> oaObject::getGroupsOwnedBy() const {
+    const Location location = locationOf(this);
+    if (location.ref == kDatabaseItself)
+        return collectionOf<oaCollection<oaGroup, oaObject>>({&location.database->groups.groups()});
+    return collectionOf<oaCollection<oaGroup, oaObject>>(std::vector<oaObject*>());
+}
+
+oaBoolean oaObject::inGroup() const {
+    const Location location = locationOf(this);
+    return location.database->groups.holds(location.ref);
+}
+
+oaBoolean oaObject::hasConstraintGroup() const {
+    slotOf(this); // an object that is gone answers nothing
+    return false;
+}
+
+oaBoolean oaObject::hasAssociate() const {
+    slotOf(this);
+    return false;
 }
 
 } // namespace OpenAccess_4

@@ -10,16 +10,21 @@ namespace OpenAccess_4 {
 
 namespace impl {
 
-oaTypeEnum AppDefRecord::type() const {
+oaTypeEnum typeOf(AppValueKind kind) {
     static constexpr std::array<oaTypeEnum, std::size_t(AppValueKind::Count)> types = {
         oacIntAppDefType,     oacFloatAppDefType, oacStringAppDefType, oacDataAppDefType,
         oacVarDataAppDefType, oacTimeAppDefType,  oacDoubleAppDefType, oacBooleanAppDefType};
     return types[std::size_t(kind)];
 }
 
+oaTypeEnum AppDefRecord::type() const {
+    return typeOf(kind);
+}
+
 Session::Session()
     : sessions_(addTable<SessionRecord>(kSessionTable)),
-      appDefs_(addTable<AppDefRecord>(kSessionAppDefTable)) {
+      appDefs_(addTable<AppDefRecord>(kSessionAppDefTable)),
+      groupDefs_(addTable<GroupDefRecord>(kSessionGroupDefTable)) {
     sessions_.add({});
 }
 
@@ -43,6 +48,19 @@ oaAppDef* Session::findAppDef(AppValueKind kind, std::string_view objectClass,
     return nullptr;
 }
 
+bool Session::disagrees(AppValueKind kind, std::string_view objectClass, std::string_view name) {
+    bool another = false;
+    for (std::uint32_t slot = 0; slot < appDefs_.slots(); ++slot) {
+        const AppDefRecord& def = appDefs_[slot];
+        if (def.ofDatabase || def.objectClass != objectClass || def.name != name)
+            continue;
+        if (def.kind == kind && def.persistent)
+            return false;
+        another = true;
+    }
+    return another;
+}
+
 } // namespace impl
 
 using namespace impl;
@@ -53,6 +71,10 @@ oaSession* oaSession::get() {
 
 oaCollection<oaAppDef, oaSession> oaSession::getAppDefs() const {
     return collectionOf<oaCollection<oaAppDef, oaSession>>({&Session::instance().appDefs()});
+}
+
+oaCollection<oaGroupDef, oaSession> oaSession::getGroupDefs() const {
+    return collectionOf<oaCollection<oaGroupDef, oaSession>>({&Session::instance().groupDefs()});
 }
 
 oaSession* oaSessionObject::getSession() const {

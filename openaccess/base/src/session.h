@@ -22,6 +22,7 @@ struct AppDefRecord {
     std::uint64_t defaultBits = 0;      // as AppValueRecord::bits
     std::string defaultText;            // of the kinds that are texts
     oaObject* (*make)(void*) = nullptr; // the public class is a template of the client
+    bool ofDatabase = false;            // no client has asked for it, its default is not known
 
     oaTypeEnum type() const;
     oaObject* construct(void* where) const { return make(where); }
@@ -30,6 +31,15 @@ struct AppDefRecord {
 struct SessionRecord {
     using Handle = oaSession;
     static constexpr oaTypeEnum kType = oacSessionType;
+};
+
+/// A group definition as the session knows it.
+struct GroupDefRecord {
+    std::string name;
+    GroupDefRules rules;
+
+    oaTypeEnum type() const;
+    oaObject* construct(void* where) const;
 };
 
 /// What the process knows beyond its open databases. Packages keep objects of their own in tables
@@ -42,7 +52,19 @@ public:
     void requireEditable() const override {}
     bool holdsProperties() const override { return false; }
 
+    Table<GroupDefRecord>& groupDefs() { return groupDefs_; }
+    /// The group definition of that name, or null.
+    oaGroupDef* findGroupDef(std::string_view name);
+    /// Makes a group definition and tells the observers.
+    oaGroupDef* addGroupDef(std::string_view name, GroupDefRules rules);
+
     Table<AppDefRecord>& appDefs() { return appDefs_; }
+    /// The definition of values that a database holds, made when the session does not know it.
+    oaAppDef* getStoredAppDef(AppValueKind kind, std::string_view objectClass,
+                              std::string_view name);
+    /// True when the class has a value of that name under another kind, or one that is kept
+    /// otherwise, and none of this kind that persists.
+    bool disagrees(AppValueKind kind, std::string_view objectClass, std::string_view name);
     oaAppDef* findAppDef(AppValueKind kind, std::string_view objectClass, std::string_view name);
 
 private:
@@ -50,11 +72,13 @@ private:
 
     Table<SessionRecord>& sessions_;
     Table<AppDefRecord>& appDefs_;
+    Table<GroupDefRecord>& groupDefs_;
 };
 
 // Tables of the session. Numbers from kFirstSessionTable on are given to the packages above.
 inline constexpr std::uint32_t kSessionTable = kFirstPackageTable;
 inline constexpr std::uint32_t kSessionAppDefTable = kFirstPackageTable + 1;
+inline constexpr std::uint32_t kSessionGroupDefTable = kFirstPackageTable + 2;
 inline constexpr std::uint32_t kFirstDMSessionTable = 16;
 inline constexpr std::uint32_t kFirstTechSessionTable = 32;
 inline constexpr std::uint32_t kFirstDesignSessionTable = 48;

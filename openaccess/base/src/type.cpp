@@ -53,6 +53,6 @@ OA_ENUM_NAMES(
     "TechHeader", "TechLayerHeader", "TechViaDefHeader", "LayerArrayConstraintDef",
     "LayerArrayConstraint", "UInt8Value", "IntDualIntArrayTblValue", "IntRangeValue",
     "UInt8RangeValue", "DerivedLayerParamDef", "DerivedLayerParam", "DerivedLayerDef",
-    "StringValue")
+    "StringValue", "FlatGroupDef", "HierGroupDef")
 
 } // namespace OpenAccess_4

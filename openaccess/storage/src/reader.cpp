@@ -274,6 +274,7 @@ private:
         }
         if (!database_.properties.isSound())
             damaged("has a property that is below itself");
+        database_.reportConflicts();
     }
 
     const std::string& path_;

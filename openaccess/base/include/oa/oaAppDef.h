@@ -26,7 +26,7 @@ public:
     };
     using Make = oaObject* (*)(void*);
 
-    static oaAppDef* find(const Request& request);
+    static oaAppDef* find(const Request& request, Make make);
     static oaAppDef* get(const Request& request, oaUInt8 defaultBits, oaBoolean persist, Make make);
     static oaAppDef* get(const Request& request, const oaByte* defaultBytes, oaUInt4 size,
                          oaBoolean persist, Make make);
@@ -83,7 +83,8 @@ class PlainAppDef : public oaAppDef {
 public:
     /// The definition of that name, or null.
     static Definition* find(const oaString& name) {
-        return static_cast<Definition*>(AppDefs::find(request(name)));
+        return static_cast<Definition*>(
+            AppDefs::find(request(name), &Handles::construct<Definition>));
     }
 
     /// Finds or makes the definition; the default and the persistence of one that exists stay.
@@ -129,7 +130,8 @@ template <class T>
 class oaStringAppDef : public oaAppDef {
 public:
     static oaStringAppDef* find(const oaString& name) {
-        return static_cast<oaStringAppDef*>(impl::AppDefs::find(request(name)));
+        return static_cast<oaStringAppDef*>(
+            impl::AppDefs::find(request(name), &impl::Handles::construct<oaStringAppDef>));
     }
     static oaStringAppDef* get(const oaString& name, const oaString& defaultValue = "",
                                oaBoolean persist = true) {
@@ -168,7 +170,8 @@ template <class T>
 class oaDataAppDef : public oaAppDef {
 public:
     static oaDataAppDef* find(const oaString& name) {
-        return static_cast<oaDataAppDef*>(impl::AppDefs::find(request(name)));
+        return static_cast<oaDataAppDef*>(
+            impl::AppDefs::find(request(name), &impl::Handles::construct<oaDataAppDef>));
     }
     static oaDataAppDef* get(const oaString& name, oaUInt4 size, const oaByte* defaultValue,
                              oaBoolean persist = true) {
@@ -204,7 +207,8 @@ template <class T>
 class oaVarDataAppDef : public oaAppDef {
 public:
     static oaVarDataAppDef* find(const oaString& name) {
-        return static_cast<oaVarDataAppDef*>(impl::AppDefs::find(request(name)));
+        return static_cast<oaVarDataAppDef*>(
+            impl::AppDefs::find(request(name), &impl::Handles::construct<oaVarDataAppDef>));
     }
     static oaVarDataAppDef* get(const oaString& name, oaBoolean persist = true) {
         return static_cast<oaVarDataAppDef*>(impl::AppDefs::get(

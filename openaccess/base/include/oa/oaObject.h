@@ -11,6 +11,8 @@
 namespace OpenAccess_4 {
 
 class oaAppDef;
+class oaGroup;
+class oaGroupMember;
 class oaProp;
 
 namespace impl {
@@ -49,12 +51,21 @@ public:
     oaDomain getDomain() const;
 
     oaBoolean isAppObject() const;
+    oaBoolean isConstraint() const;
+    oaBoolean isConstraintGroup() const;
+    oaBoolean isConstraintGroupHeader() const;
+    oaBoolean isConstraintGroupMem() const;
+    oaBoolean isConstraintParam() const;
     oaBoolean isDesign() const;
     oaBoolean isDM() const;
     oaBoolean isDMData() const;
+    oaBoolean isGroup() const;
+    oaBoolean isGroupMember() const;
     oaBoolean isProp() const;
     oaBoolean isSession() const;
     oaBoolean isTech() const;
+    oaBoolean isValue() const;
+    oaBoolean isWafer() const;
 
     /// The properties of the object, in the order of their creation.
     oaCollection<oaProp, oaObject> getProps() const;
@@ -63,6 +74,17 @@ public:
     /// The definitions of those application-defined values that the object has a value of.
     oaCollection<oaAppDef, oaObject> getAppDefs() const;
     oaBoolean hasAppDef() const;
+
+    /// The places of the object in groups, and those of them where it leads the group.
+    oaCollection<oaGroupMember, oaObject> getGroupMems() const;
+    oaCollection<oaGroupMember, oaObject> getGroupLeaders() const;
+    /// The groups of a design or technology; no other object owns groups.
+    oaCollection<oaGroup, oaObject> getGroupsOwnedBy() const;
+    oaBoolean inGroup() const;
+
+    /// False: there are no constraint groups here, and no objects that represent others.
+    oaBoolean hasConstraintGroup() const;
+    oaBoolean hasAssociate() const;
 
     OA_HANDLE(oaObject);
 

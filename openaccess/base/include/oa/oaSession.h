@@ -4,15 +4,10 @@
 
 namespace OpenAccess_4 {
 
-/// The process as the database sees it: what is defined once for all open databases.
-class OA_API oaSession : public oaObject {
-public:
-    static oaSession* get();
-
-    oaCollection<oaAppDef, oaSession> getAppDefs() const;
-
-    OA_HANDLE(oaSession);
-};
+class oaDerivedLayerDef;
+class oaDerivedLayerParamDef;
+class oaGroupDef;
+class oaSession;
 
 /// Base of what belongs to the session and not to a database.
 class OA_API oaSessionObject : public oaObject {
@@ -20,6 +15,19 @@ public:
     oaSession* getSession() const;
 
     OA_HANDLE(oaSessionObject);
+};
+
+/// The process as the database sees it: what is defined once for all open databases.
+class OA_API oaSession : public oaSessionObject {
+public:
+    static oaSession* get();
+
+    oaCollection<oaAppDef, oaSession> getAppDefs() const;
+    oaCollection<oaDerivedLayerDef, oaSession> getDerivedLayerDefs() const;
+    oaCollection<oaDerivedLayerParamDef, oaSession> getDerivedLayerParamDefs() const;
+    oaCollection<oaGroupDef, oaSession> getGroupDefs() const;
+
+    OA_HANDLE(oaSession);
 };
 
 } // namespace OpenAccess_4

@@ -277,6 +277,8 @@ enum oaTypeEnum {
     oacDerivedLayerParamType,
     oacDerivedLayerDefType,
     oacStringValueType,
+    oacFlatGroupDefType,
+    oacHierGroupDefType,
 };
 
 OA_API const impl::EnumInfo& enumInfo(oaTypeEnum);
