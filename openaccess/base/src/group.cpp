@@ -37,7 +37,9 @@ const oaChar* nameIn(const oaGroup* group) {
 }
 
 oaDBTypeEnum kindOf(const oaObject* database) {
-    return database->isTech() ? oacTechDBType : oacDesignDBType;
+    if (database->isTech())
+        return oacTechDBType;
+    return database->isDMData() ? oacDMDataDBType : oacDesignDBType;
 }
 
 [[noreturn]] void refuseOwner(const oaString& name, const oaObject* owner, const oaChar* reason) {
@@ -50,7 +52,7 @@ oaGroup* createGroup(oaObject* database, const oaString& name, const oaGroupDef*
                      oaBoolean isOrdered, oaGroupDeleteWhen deleteWhen) {
     const Location owner = locationOf(database);
     if (owner.ref != kDatabaseItself || !owner.database->holdsProperties())
-        refuseOwner(name, database, "it is neither a design nor a technology");
+        refuseOwner(name, database, "only designs, technologies and data of libraries hold groups");
     if (def) {
         const auto& kinds = impl::recordOf<GroupDefRecord>(def).rules.databases;
         if (!kinds.empty() && std::ranges::find(kinds, kindOf(database)) == kinds.end())
