@@ -1,3 +1,4 @@
+#include <ovalis/dm_files.h>
 #include <ovalis/library.h>
 #include <ovalis/pcell.h>
 #include <ovalis/ports.h>
@@ -16,6 +17,7 @@ namespace {
 oa::oaView* viewToAnswer = nullptr;
 oa::oaDesign* designToAnswer = nullptr;
 const char* listPathToAnswer = "";
+bool findingFilesFails = false;
 
 } // namespace
 
@@ -31,6 +33,23 @@ oaView* oaView::get(const oaLib*, const oaScalarName&, const oaViewType*) {
 }
 
 oaCellView* oaCellView::get(const oaCell*, const oaView*) {
+    return nullptr;
+}
+
+oaDMFile* oaDMFile::create(const oaDMContainer*, const oaString&) {
+    return nullptr;
+}
+
+oaDMFile* oaDMFile::find(const oaDMContainer* parent, const oaString& name) {
+    if (findingFilesFails)
+        throw oaDMError(oacInvalidDMName, static_cast<const oaChar*>(name), "file");
+    oaIter<oaDMFile> files(parent->getDMFiles());
+    while (oaDMFile* file = files.getNext()) {
+        oaString found;
+        file->getName(found);
+        if (found == name)
+            return file;
+    }
     return nullptr;
 }
 
@@ -79,6 +98,7 @@ protected:
     ~Absence() override {
         viewToAnswer = nullptr;
         designToAnswer = nullptr;
+        findingFilesFails = false;
     }
 };
 
@@ -110,6 +130,19 @@ TEST_F(Absence, OfACellViewIsNamed) {
               "Could not create cell view größe in cell");
     EXPECT_EQ(failureOf([&] { createCellView(cell(), "größe", "maskLayout"); }),
               "Could not create cell view größe in cell");
+}
+
+TEST_F(Absence, OfAFileIsAFailure) {
+    EXPECT_EQ(failureOf([&] { addDMFile(lib(), "größe"); }), "Can not add file to container.");
+    EXPECT_EQ(failureOf([&] { addDMFile(cell(), "größe"); }), "Can not add file to container.");
+}
+
+TEST_F(Absence, OfAnAnswerWhetherAFileExistsGivesAccessBack) {
+    lib().releaseAccess();
+    findingFilesFails = true;
+    EXPECT_EQ(failureOf([&] { existsFileInOpenLib("lib", "größe"); }),
+              "database: 'größe' is not a legal name of a file.");
+    EXPECT_EQ(lib().getAccessLevel(), oa::oacNoLibAccessLevel);
 }
 
 TEST_F(Absence, OfADesignIsAFailure) {
