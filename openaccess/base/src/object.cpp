@@ -22,6 +22,9 @@ oaObject* oaObject::getDatabase() const {
 
 oaDomain oaObject::getDomain() const {
     const oaTypeEnum type = getType();
+    if (type == oacOccurrenceType || type == oacOccArrayInstType ||
+        (type >= oacOccScalarInstType && type <= oacOccInstHeaderType))
+        return oacOccDomain;
     const bool inBlock =
         type == oacBlockType || (type >= oacLPPHeaderType && type <= oacInstHeaderType);
     return inBlock ? oacBlockDomain : oacNoDomain;

@@ -3,6 +3,7 @@
 #include "base/src/database.h"
 #include "design/src/connectivity.h"
 #include "design/src/instances.h"
+#include "design/src/occurrences.h"
 #include "design/src/pcell_master.h"
 #include "design/src/records.h"
 #include "design/src/shape_tables.h"
@@ -75,6 +76,7 @@ public:
     Connectivity connectivity;
     Instances instances;
     PcellMaster pcell;
+    Occurrences occurrences{*this};
 
     /// While the instances of the block are being measured: one of them may lead back to it.
     bool measuring = false;

@@ -20,7 +20,7 @@ oaDesign* oaDesignObject::getDesign() const {
 }
 
 oaBoolean oaDesignObject::isBlockObject() const {
-    return getType() != oacDesignType;
+    return getDomain() == oacBlockDomain;
 }
 
 oaBlock* oaBlockObject::getBlock() const {

@@ -19,7 +19,9 @@ inline constexpr std::uint32_t kFigNetTable = 18;
 inline constexpr std::uint32_t kFigPinTable = 19;
 inline constexpr std::uint32_t kMovedShapeTable = 20;
 inline constexpr std::uint32_t kInstTermTable = 21;
-inline constexpr std::uint32_t kSubHeaderTable = 22; // not stored
+inline constexpr std::uint32_t kSubHeaderTable = 22; // not stored, nor the next two
+inline constexpr std::uint32_t kOccurrenceTable = 23;
+inline constexpr std::uint32_t kOccInstTable = 24;
 // 40 to 47 are the tables of pcells.
 inline constexpr std::uint32_t kSuperMasterTable = 40;
 inline constexpr std::uint32_t kPcellParamTable = 41;

@@ -7,6 +7,7 @@ namespace OpenAccess_4 {
 
 class oaLib;
 class oaNameSpace;
+class oaOccurrence;
 class oaParam;
 class oaParamArray;
 class oaPcellDef;
@@ -110,6 +111,8 @@ public:
     oaTech* getTech() const;
     /// Null until oaBlock::create() made it.
     oaBlock* getTopBlock() const;
+    /// The top of the hierarchy in which every path is told apart; null without a block.
+    oaOccurrence* getTopOccurrence() const;
 
     oaTime getCreateTime() const;
     /// When the design was opened.

@@ -9,6 +9,8 @@ namespace OpenAccess_4 {
 class oaInstHeader;
 class oaInstTerm;
 class oaNameSpace;
+class oaOccInst;
+class oaOccurrence;
 class oaScalarName;
 class oaSimpleName;
 class oaVectorBitName;
@@ -40,6 +42,12 @@ public:
     oaBoolean usesTermPositions() const;
     oaPlacementStatus getPlacementStatus() const;
     void setPlacementStatus(oaPlacementStatus status);
+
+    /// The instance in the hierarchy of its own design.
+    oaOccInst* getOccInst() const;
+    /// Everything that stands for the instance in the hierarchy below `top`, as far as that was
+    /// asked for.
+    oaCollection<oaOccInst, oaInst> getOccInsts(const oaOccurrence* top) const;
 
     /// The parameters that the instance was given.
     void getParams(oaParamArray& params) const;
