@@ -3,6 +3,7 @@
 #include "platform/path.h"
 
 #include <dlfcn.h>
+#include <link.h>
 #include <stdexcept>
 
 namespace platform {
@@ -25,9 +26,13 @@ SharedModule::Symbol* SharedModule::symbol(const char* name) const {
 
 std::string moduleHolding(const void* address) {
     Dl_info found;
-    if (::dladdr(address, &found) == 0 || !found.dli_fname)
+    void* module = nullptr;
+    if (::dladdr1(address, &found, &module, RTLD_DL_LINKMAP) == 0 || !found.dli_fname)
         throw std::runtime_error("no module holds this address");
-    return canonicalPath(found.dli_fname);
+    // The program itself has no name there, but the text that it was started by: a relative one
+    // means nothing any more when the working directory is another.
+    const bool isProgram = *static_cast<const link_map*>(module)->l_name == '\0';
+    return canonicalPath(isProgram ? "/proc/self/exe" : found.dli_fname);
 }
 
 } // namespace platform

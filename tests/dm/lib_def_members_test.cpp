@@ -101,6 +101,61 @@ TEST_F(LibDefMembersTest, AreCreatedWithAllThatIsGiven) {
     EXPECT_THAT(attributesOf(find(again, "a b")), ElementsAre(Pair("colour", "light red")));
 }
 
+TEST_F(LibDefMembersTest, AreChangedWithinTheirLines) {
+    const EnvironmentOverride set("OVALIS_TEST_DIR", "/here");
+    oaLibDefList* list = edit("DEFINE\ta  \"old place\" # the first\r\n"
+                              "assign a  TMP  /w -- fast\r\nASSIGN a libMode  readOnly\r\n"
+                              "DEFINE b b\r\nASSIGN a DISPLAY Visible");
+    oaLibDef* a = find(list, "a");
+    a->setLibPath("$OVALIS_TEST_DIR/new");
+    a->setLibWritePath("/with blanks");
+    a->setLibMode(oacSharedLibMode);
+    a->addLibAttribute("DISPLAY", "Invisible");
+    a->addLibAttribute("colour", "red");
+    EXPECT_THAT(membersOf(list), ElementsAre("a=/here/new", "b=b"));
+    EXPECT_EQ(writePathOf(a), "/with blanks");
+    EXPECT_EQ(a->getLibMode(), oacSharedLibMode);
+    EXPECT_THAT(attributesOf(a), ElementsAre(Pair("DISPLAY", "Invisible"), Pair("colour", "red")));
+    EXPECT_EQ(saved(list), "DEFINE\ta  $OVALIS_TEST_DIR/new # the first\r\n"
+                           "assign a  TMP  \"/with blanks\" -- fast\r\n"
+                           "ASSIGN a libMode  shared\r\n"
+                           "DEFINE b b\r\nASSIGN a DISPLAY Invisible\r\nASSIGN a colour red\r\n");
+}
+
+TEST_F(LibDefMembersTest, AreChangedWithLinesOfTheirOwnWhereTheyHaveNone) {
+    oaLibDefList* list = edit("DEFINE a a\nASSIGN a x 1\nUNASSIGN a x\nDEFINE b b\n");
+    oaLibDef* a = find(list, "a");
+    a->setLibMode(oacSharedLibMode);
+    a->setLibMode(oacNonSharedLibMode);
+    a->setLibWritePath("w");
+    a->addLibAttribute("x", "2");
+    EXPECT_EQ(a->getLibMode(), oacNonSharedLibMode);
+    EXPECT_EQ(saved(list), "DEFINE a a\nASSIGN a x 1\nUNASSIGN a x\nASSIGN a libMode nonShared\n"
+                           "ASSIGN a writePath w\nASSIGN a x 2\nDEFINE b b\n");
+}
+
+TEST_F(LibDefMembersTest, LoseWhatIsTakenBack) {
+    oaLibDefList* list = edit("DEFINE a a\nASSIGN a TMP w\nASSIGN a x 1\nASSIGN a x 2\n"
+                              "# done\nASSIGN a y 3\n");
+    oaLibDef* a = find(list, "a");
+    a->setLibWritePath("");
+    a->removeLibAttribute("x");
+    a->removeLibAttribute("never");
+    EXPECT_EQ(writePathOf(a), "");
+    EXPECT_THAT(attributesOf(a), ElementsAre(Pair("y", "3")));
+    EXPECT_EQ(saved(list), "DEFINE a a\n# done\nASSIGN a y 3\n");
+}
+
+TEST_F(LibDefMembersTest, AreNotChangedToWhatAFileCannotHold) {
+    oaLibDefList* list = edit("DEFINE a a\n");
+    oaLibDef* a = find(list, "a");
+    EXPECT_EQ(thrownBy([&] { a->setLibPath(""); }).id, oacInvalidLibDefText);
+    EXPECT_EQ(thrownBy([&] { a->setLibWritePath("a\"b"); }).id, oacInvalidLibDefText);
+    EXPECT_EQ(thrownBy([&] { a->addLibAttribute("x\n", "1"); }).id, oacInvalidLibDefText);
+    EXPECT_EQ(thrownBy([&] { a->addLibAttribute("libMode", "private"); }).id, oacInvalidLibDefText);
+    EXPECT_EQ(saved(list), "DEFINE a a\n");
+}
+
 TEST_F(LibDefMembersTest, KeepVariablesWhenTheyAreCreated) {
     const EnvironmentOverride set("OVALIS_TEST_DIR", "/here");
     oaLibDefList* list = edit("");

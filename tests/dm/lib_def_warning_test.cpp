@@ -28,8 +28,8 @@ TEST_F(LibDefWarningTest, TellsThatThereIsNoDefaultFile) {
     oaLibDefList::openLibs();
     std::filesystem::current_path(before);
     EXPECT_THAT(warnings.texts,
-                ElementsAre("0 There is no file 'lib.defs' in the working directory or in the home "
-                            "directory."));
+                ElementsAre("0 There is no file 'lib.defs' in the working directory, in the home "
+                            "directory or in the installation."));
     EXPECT_THAT(warnings.lists, ElementsAre(nullptr));
     EXPECT_EQ(oaLibDefList::getTopList(), nullptr);
 }

@@ -86,7 +86,8 @@ TEST_F(LibraryList, ByDefaultIsNullWhenThereIsNone) {
     EXPECT_EQ(openLibraryList("", nullptr), nullptr);
     EXPECT_EQ(openLibraryList("", &messages), nullptr);
     EXPECT_EQ(messages, "Error trying to open library definition file: There is no file "
-                        "'lib.defs' in the working directory or in the home directory.");
+                        "'lib.defs' in the working directory, in the home directory or in the "
+                        "installation.");
     EXPECT_THAT(getFlattenedLibraryList("", nullptr), IsEmpty());
 }
 

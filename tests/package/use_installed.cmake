@@ -108,6 +108,16 @@ unset(ENV{OA_PLUGIN_PATH})
 place_plug_in(${installation}/data/plugins)
 expect_stripe("${drawn}")
 
+# So is the default list of libraries; the first place counts.
+set(ENV{HOME} ${tree})
+foreach(place data data/libraries)
+    file(WRITE ${installation}/${place}/lib.defs "SOFTDEFINE of_installation ./${place}\n")
+    run(${launch} ${prefix}/${bindir}/ovalis${suffix} libs)
+    if(NOT output MATCHES "^of_installation +missing +\\./${place} ")
+        message(FATAL_ERROR "the list of the installation was not found: ${output}")
+    endif()
+endforeach()
+
 if(NOT toolchain)
     file(MAKE_DIRECTORY ${tree}/pkg-config)
     set(ENV{PKG_CONFIG_PATH} ${prefix}/${libdir}/pkgconfig)

@@ -28,14 +28,6 @@ std::vector<std::string> directoriesIn(std::string_view list) {
     return directories;
 }
 
-// An installation is the directory above the one that holds this library.
-std::string installationDirectory() {
-    // What is exported may lie in the program instead.
-    static constexpr char inThisLibrary = 0;
-    const std::string library = platform::moduleHolding(&inThisLibrary);
-    return platform::parentPath(platform::parentPath(library));
-}
-
 bool isBareName(std::string_view name) {
     return !name.empty() && name.find_first_of("/\\:") == std::string_view::npos;
 }
@@ -84,6 +76,13 @@ const std::string& onlyOne(const std::string* lib, const std::string* treatAs,
 }
 
 } // namespace
+
+std::string installationDirectory() {
+    // What is exported may lie in the program instead.
+    static constexpr char inThisLibrary = 0;
+    const std::string library = platform::moduleHolding(&inThisLibrary);
+    return platform::parentPath(platform::parentPath(library));
+}
 
 std::vector<std::string> plugInDirectories() {
     const std::string list = platform::environmentVariable(kPathVariable).value_or("");

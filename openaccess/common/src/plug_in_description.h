@@ -12,6 +12,10 @@ struct PlugInDescription {
     std::string module;  // its name without directory and ending
 };
 
+/// The directory above the one that holds this library.
+/// @throws std::runtime_error
+std::string installationDirectory();
+
 /// The directories that hold descriptions, those that are searched first in front.
 std::vector<std::string> plugInDirectories();
 

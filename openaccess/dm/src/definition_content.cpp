@@ -27,6 +27,11 @@ bool isModeAttribute(std::string_view attribute) {
     return sameIgnoringCase(attribute, "libMode");
 }
 
+bool sameAttribute(std::string_view first, std::string_view second) {
+    return first == second || (isWritePathAttribute(first) && isWritePathAttribute(second)) ||
+           (isModeAttribute(first) && isModeAttribute(second));
+}
+
 oaLibModeEnum modeNamed(std::string_view name, bool& known) {
     known = true;
     for (const oaLibModeEnum mode : {oacSharedLibMode, oacNonSharedLibMode, oacReadOnlyLibMode})

@@ -67,6 +67,8 @@ inline constexpr std::string_view kTemporaryRoot = "TmpRootDir";
 
 bool isWritePathAttribute(std::string_view attribute);
 bool isModeAttribute(std::string_view attribute);
+/// True for two names of one attribute.
+bool sameAttribute(std::string_view first, std::string_view second);
 /// The mode of that name; shared when there is none, and `known` tells.
 oaLibModeEnum modeNamed(std::string_view name, bool& known);
 
@@ -99,6 +101,11 @@ public:
     /// Adds a statement behind those of the definition.
     void addAssignment(std::uint32_t member, const std::string& attribute,
                        const std::string& value);
+    void setPath(std::uint32_t member, const std::string& path);
+    /// Gives an attribute another value where one is assigned, else as addAssignment().
+    void setAssignment(std::uint32_t member, const std::string& attribute,
+                       const std::string& value);
+    void removeAssignments(std::uint32_t member, std::string_view attribute);
     void destroy(std::uint32_t member);
     /// Moves a member behind another one, in front of all others for kNone.
     void moveBehind(std::uint32_t member, std::uint32_t other);
@@ -116,6 +123,8 @@ private:
     void undefine(Assignment& assignment);
     std::string_view expand(std::string_view written, const DefinitionLine& line, bool& resolved);
     void warn(oaLibDefListWarningTypeEnum type, std::uint32_t line, std::string text);
+    std::string_view expandValue(std::string_view attribute, const std::string& value);
+    void refreshSettings(std::uint32_t member);
     std::uint32_t newMember(DefinitionRecord record, std::string_view path);
     LibrarySettings& settingsFor(std::uint32_t member);
 

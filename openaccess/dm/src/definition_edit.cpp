@@ -47,11 +47,7 @@ std::uint32_t DefinitionContent::newMember(DefinitionRecord record, std::string_
 void DefinitionContent::addAssignment(std::uint32_t member, const std::string& attribute,
                                       const std::string& value) {
     Assignment assignment{members_[member].name, texts_.keep(attribute), {}, member};
-    if (isWritePathAttribute(attribute))
-        expandVariables(value, scratch_);
-    else
-        scratch_ = value;
-    assignment.value = texts_.keep(scratch_);
+    assignment.value = expandValue(attribute, value);
     settingsFor(member).assign(assignment.attribute, assignment.value);
 
     const auto index = std::uint32_t(assignments_.size());
@@ -59,6 +55,62 @@ void DefinitionContent::addAssignment(std::uint32_t member, const std::string& a
     insert(behind(member), {{DefinitionKind::Assign, 0, index,
                              newLine("ASSIGN " + writtenField(members_[member].name) + " " +
                                      writtenField(attribute) + " " + writtenField(value))}});
+}
+
+std::string_view DefinitionContent::expandValue(std::string_view attribute,
+                                                const std::string& value) {
+    if (!isWritePathAttribute(attribute))
+        return texts_.keep(value);
+    expandVariables(value, scratch_);
+    return texts_.keep(scratch_);
+}
+
+void DefinitionContent::setPath(std::uint32_t member, const std::string& path) {
+    DefinitionRecord& record = members_[member];
+    record.unresolved = !expandVariables(path, scratch_).empty();
+    record.path = texts_.keep(scratch_);
+    constexpr std::size_t pathField = 2;
+    DefinitionStatement& statement = *statementOf(member);
+    statement.text = texts_.keep(withField(statement.text, pathField, path));
+}
+
+void DefinitionContent::setAssignment(std::uint32_t member, const std::string& attribute,
+                                      const std::string& value) {
+    DefinitionStatement* last = nullptr;
+    for (DefinitionStatement& each : statements_)
+        if ((each.kind == DefinitionKind::Assign || each.kind == DefinitionKind::Unassign) &&
+            belongsTo(each, member) && sameAttribute(assignments_[each.index].attribute, attribute))
+            last = &each;
+    if (!last || last->kind == DefinitionKind::Unassign) {
+        addAssignment(member, attribute, value);
+        return;
+    }
+    assignments_[last->index].value = expandValue(attribute, value);
+    constexpr std::size_t valueField = 3;
+    last->text = texts_.keep(withField(last->text, valueField, value));
+    refreshSettings(member);
+}
+
+void DefinitionContent::removeAssignments(std::uint32_t member, std::string_view attribute) {
+    std::erase_if(statements_, [&](const DefinitionStatement& each) {
+        return (each.kind == DefinitionKind::Assign || each.kind == DefinitionKind::Unassign) &&
+               belongsTo(each, member) &&
+               sameAttribute(assignments_[each.index].attribute, attribute);
+    });
+    refreshSettings(member);
+}
+
+void DefinitionContent::refreshSettings(std::uint32_t member) {
+    LibrarySettings settings;
+    for (const DefinitionStatement& each : statements_) {
+        if (!belongsTo(each, member))
+            continue;
+        if (each.kind == DefinitionKind::Assign)
+            settings.assign(assignments_[each.index].attribute, assignments_[each.index].value);
+        else if (each.kind == DefinitionKind::Unassign)
+            settings.unassign(assignments_[each.index].attribute);
+    }
+    settingsFor(member) = std::move(settings);
 }
 
 void DefinitionContent::destroy(std::uint32_t member) {

@@ -198,6 +198,23 @@ std::string writtenField(std::string_view text) {
     return '"' + std::string(text) + '"';
 }
 
+std::string withField(std::string_view line, std::size_t number, std::string_view text) {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    for (std::size_t i = 0; i <= number; ++i) {
+        begin = end;
+        while (begin < line.size() && isBlank(line[begin]))
+            ++begin;
+        bool quoted = false;
+        for (end = begin; end < line.size() && line[end] != '\n'; ++end) {
+            if (!quoted && isBlank(line[end]))
+                break;
+            quoted = quoted != (line[end] == '"');
+        }
+    }
+    return std::string(line.substr(0, begin)) + writtenField(text) + std::string(line.substr(end));
+}
+
 std::string_view expandVariables(std::string_view text, std::string& expanded) {
     std::string_view missing;
     expanded.clear();

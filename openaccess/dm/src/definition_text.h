@@ -59,6 +59,9 @@ private:
 /// One field as a definition file holds it, quoted where it must be.
 std::string writtenField(std::string_view text);
 
+/// `line` with another text for one of its fields, of which the keyword is number 0.
+std::string withField(std::string_view line, std::size_t number, std::string_view text);
+
 /// True for what writtenField() can write.
 bool isWritableField(std::string_view text);
 

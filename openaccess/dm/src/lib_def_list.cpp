@@ -1,11 +1,16 @@
 #include "oa/oaLibDefList.h"
 
 #include "base/src/source.h"
+#include "common/src/plug_in_description.h"
 #include "dm/src/definition_opening.h"
 #include "oa/oaDMException.h"
 #include "oa/oaLibDefListObserver.h"
 #include "platform/environment.h"
 #include "platform/file.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
 
 namespace OpenAccess_4 {
 
@@ -29,12 +34,26 @@ std::string homeDirectory() {
     return "";
 }
 
+/// "data" of the installation; empty when nobody can tell where that is, because the library was
+/// loaded by a path that meant something in another working directory.
+std::string dataDirectory() {
+    try {
+        return platform::joinPath(installationDirectory(), "data");
+    } catch (const std::runtime_error&) {
+        return "";
+    }
+}
+
 std::string defaultPath() {
-    if (platform::isFile(defaultFileName))
-        return defaultFileName;
-    const std::string home = homeDirectory();
-    const std::string inHome = home.empty() ? "" : platform::joinPath(home, defaultFileName);
-    return !home.empty() && platform::isFile(inHome) ? inHome : "";
+    std::vector<std::string> paths = {defaultFileName};
+    if (const std::string home = homeDirectory(); !home.empty())
+        paths.push_back(platform::joinPath(home, defaultFileName));
+    if (const std::string data = dataDirectory(); !data.empty()) {
+        paths.push_back(platform::joinPath(platform::joinPath(data, "libraries"), defaultFileName));
+        paths.push_back(platform::joinPath(data, defaultFileName));
+    }
+    const auto found = std::ranges::find_if(paths, platform::isFile);
+    return found == paths.end() ? "" : *found;
 }
 
 bool openLibraries(const std::shared_ptr<DefinitionList>& list, bool asTop) {
@@ -79,7 +98,8 @@ void oaLibDefList::openLibs() {
     if (path.empty()) {
         Observer::notifyLoadWarningsObservers(
             nullptr,
-            "There is no file 'lib.defs' in the working directory or in the home directory.",
+            "There is no file 'lib.defs' in the working directory, in the home directory or in the "
+            "installation.",
             oacNoDefaultLibDefListWarning);
         return;
     }

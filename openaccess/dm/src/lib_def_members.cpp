@@ -147,6 +147,42 @@ void oaLibDef::getLibAttributes(oaDMAttrArray& attrs) const {
             attrs.append(oaDMAttr(asString(name), asString(value)));
 }
 
+void oaLibDef::setLibPath(const oaString& path) {
+    requireWritable(text(path));
+    DefinitionContent& content = contentOf(this);
+    content.list().edit();
+    content.setPath(slotOf(this), text(path));
+}
+
+void oaLibDef::setLibWritePath(const oaString& writePath) {
+    if (writePath.isEmpty())
+        removeLibAttribute("writePath");
+    else
+        addLibAttribute("writePath", writePath);
+}
+
+void oaLibDef::setLibMode(oaLibMode mode) {
+    if (mode != getLibMode())
+        addLibAttribute("libMode", mode.getName());
+}
+
+void oaLibDef::addLibAttribute(const oaString& name, const oaString& value) {
+    requireWritable(text(name));
+    requireWritable(text(value));
+    bool known = true;
+    if (isModeAttribute(text(name)) && (modeNamed(text(value), known), !known))
+        throw oaDMError(oacInvalidLibDefText, static_cast<const oaChar*>(value));
+    DefinitionContent& content = contentOf(this);
+    content.list().edit();
+    content.setAssignment(slotOf(this), text(name), text(value));
+}
+
+void oaLibDef::removeLibAttribute(const oaString& name) {
+    DefinitionContent& content = contentOf(this);
+    content.list().edit();
+    content.removeAssignments(slotOf(this), text(name));
+}
+
 oaLibDefListRef* oaLibDefListRef::create(oaLibDefList* libList, const oaString& refListPath,
                                          oaLibDefListMem* followingMem) {
     DefinitionList& list = listOf(libList);

@@ -37,6 +37,20 @@ public:
     /// What the list assigns beside the write path and the mode.
     void getLibAttributes(oaDMAttrArray& attrs) const;
 
+    /// Change what the list says of the library, in its own lines where it has some. An empty write
+    /// path takes back what is assigned.
+    /// @throws oaDMError  oacInvalidLibDefText: the text cannot be written into a definition file
+    void setLibPath(const oaString& path);
+    void setLibWritePath(const oaString& writePath);
+    void setLibMode(oaLibMode mode);
+
+    /// Adds an attribute, or gives it another value. "writePath" and "libMode" set those.
+    /// @throws oaDMError  oacInvalidLibDefText
+    void addLibAttribute(const oaString& name, const oaString& value);
+
+    /// Takes back an attribute; without it, nothing happens.
+    void removeLibAttribute(const oaString& name);
+
     OA_HANDLE(oaLibDef);
 };
 

@@ -51,8 +51,8 @@ public:
     /// Every list in memory, in the order in which they came there.
     static oaCollection<oaLibDefList, oaLibDefList> getLibDefLists();
 
-    /// "lib.defs" in the working directory, else in the home directory; empty when neither is
-    /// there.
+    /// "lib.defs" in the working directory, else in the home directory, else in data/libraries or
+    /// in data of the installation; empty when there is none.
     static void getDefaultPath(oaString& path);
     static void getDefaultFileName(oaString& fileName);
 
