@@ -73,6 +73,8 @@ struct Options {
     ExportOptions exporting;
     LibraryOptions check;
     ListOptions list;
+    FilesOptions files;
+    LocksOptions locks;
     LibsOptions libs;
     DrawOptions draw;
     CopyOptions copy;
@@ -125,6 +127,28 @@ void addLibsCommand(CLI::App& app, Options& options, Console& console, int& stat
                        "Library definition file; the default one without");
     command.add_flag("--json", options.libs.json, "Write JSON for programs");
     command.callback([&] { status = libsCommand(options.libs, console); });
+}
+
+void addFiles(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "files", "List, add and remove files of a library, a cell or a cell view",
+                   "ovalis files trial spiral_39n --add spiral_39n.s2p");
+    addLibrary(command, options.files.library);
+    command.add_option("CELL", options.files.cell, "The files of this cell");
+    command.add_option("VIEW", options.files.view, "The files of this view of the cell");
+    command.add_option("--add", options.files.add, "Copy a file in")->type_name("FILE");
+    command.add_option("--remove", options.files.remove, "Remove a file first")->type_name("NAME");
+    command.add_flag("--json", options.files.json, "Write JSON for programs");
+    command.callback([&] { status = filesCommand(options.files, console); });
+}
+
+void addLocks(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command = addCommand(app, "locks", "List who holds locks on a library and its files",
+                                   "ovalis locks trial --clear");
+    addLibrary(command, options.locks.library);
+    command.add_flag("--clear", options.locks.clear, "Remove locks whose holder is dead");
+    command.add_flag("--json", options.locks.json, "Write JSON for programs");
+    command.callback([&] { status = locksCommand(options.locks, console); });
 }
 
 void addDraw(CLI::App& app, Options& options, Console& console, int& status) {
@@ -255,6 +279,8 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     addCheck(app, options, console, status);
     addList(app, options, console, status);
     addLibsCommand(app, options, console, status);
+    addFiles(app, options, console, status);
+    addLocks(app, options, console, status);
     addDraw(app, options, console, status);
     addCopy(app, options, console, status);
     addMakePcell(app, options, console, status);

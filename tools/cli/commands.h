@@ -93,6 +93,24 @@ struct BrokersOptions {
     bool json = false;
 };
 
+struct FilesOptions {
+    LibraryOptions library;
+    /// Empty for the files of the library, of the cell.
+    std::string cell;
+    std::string view;
+    /// A file to copy in.
+    std::string add;
+    /// The name of a file to remove, before one is added.
+    std::string remove;
+    bool json = false;
+};
+
+struct LocksOptions {
+    LibraryOptions library;
+    bool clear = false;
+    bool json = false;
+};
+
 struct PlaceOptions {
     CellViewOptions design;
     std::string name;
@@ -119,6 +137,12 @@ int listCommand(const ListOptions& options, Console& console);
 /// Lists what a library definition file defines and what became of it; `somethingMissing` when a
 /// library cannot be opened.
 int libsCommand(const LibsOptions& options, Console& console);
+
+/// Lists the files of a library, a cell or a cell view, or copies one in or removes one.
+int filesCommand(const FilesOptions& options, Console& console);
+
+/// Lists who holds locks on a library and its files; clears those that nobody holds any more.
+int locksCommand(const LocksOptions& options, Console& console);
 
 /// Draws a design as SVG.
 int drawCommand(const DrawOptions& options, Console& console);

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <map>
 #include <stdexcept>
 #include <vector>
@@ -7,6 +6,7 @@
 
 #include "cli/commands.h"
 #include "cli/library_access.h"
+#include "cli/text_table.h"
 
 namespace cli {
 namespace {
@@ -42,16 +42,6 @@ void writeJson(std::ostream& out, const std::string& name, const Cells& cells) {
         << '\n';
 }
 
-void writeRow(std::ostream& out, const std::vector<std::string>& row,
-              const std::vector<std::size_t>& widths) {
-    for (std::size_t at = 0; at < row.size(); ++at) {
-        out << row[at];
-        if (at + 1 < row.size())
-            out << std::string(widths[at] - row[at].size() + 2, ' ');
-    }
-    out << '\n';
-}
-
 void writeTable(std::ostream& out, const Cells& cells) {
     std::vector<std::vector<std::string>> rows;
     for (const auto& [cell, views] : cells) {
@@ -60,12 +50,7 @@ void writeTable(std::ostream& out, const Cells& cells) {
         if (views.empty())
             rows.push_back({cell});
     }
-    std::vector<std::size_t> widths(3);
-    for (const auto& row : rows)
-        for (std::size_t at = 0; at < row.size(); ++at)
-            widths[at] = std::max(widths[at], row[at].size());
-    for (const auto& row : rows)
-        writeRow(out, row, widths);
+    writeRows(out, rows);
 }
 
 } // namespace

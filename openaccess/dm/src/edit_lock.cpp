@@ -3,9 +3,8 @@
 #include "oa/oaDMException.h"
 #include "platform/atomic_file.h"
 #include "platform/exclusive_file.h"
-#include "platform/process.h"
+#include "platform/process_mark.h"
 
-#include <charconv>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
@@ -70,45 +69,32 @@ std::string lockText(const std::string& file) {
     return text;
 }
 
-// Nothing when the holder lives where its process numbers mean nothing here.
-std::optional<platform::ProcessId> holderHere(const Fields& fields) {
-    const auto is = [&](const char* key, const std::string& value) {
-        const auto found = fields.find(key);
-        return found != fields.end() && found->second == value;
-    };
-    const auto number = fields.find("ProcessIdentifier");
-    if (number == fields.end() || !is("HostName", platform::hostName()) ||
-        !is("OSType", platform::systemName()))
-        return std::nullopt;
-    platform::ProcessId process = 0;
-    const std::string& digits = number->second;
-    const auto [end, error] =
-        std::from_chars(digits.data(), digits.data() + digits.size(), process);
-    if (error != std::errc() || end != digits.data() + digits.size())
-        return std::nullopt;
-    return process;
+std::string valueOf(const Fields& fields, const char* key) {
+    const auto found = fields.find(key);
+    return found == fields.end() ? std::string() : found->second;
 }
 
-bool isSameInstance(const Fields& fields, platform::ProcessId process) {
-    const auto instance = fields.find("ProcessInstance");
-    return instance == fields.end() || instance->second == platform::processInstance(process);
+platform::ProcessFate fateOfHolder(const Fields& fields) {
+    return platform::fateOf({valueOf(fields, "HostName"), valueOf(fields, "OSType"),
+                             valueOf(fields, "ProcessIdentifier"),
+                             valueOf(fields, "ProcessInstance")});
 }
 
 // A copy of a library brings the locks of the original along.
 bool isForAnotherFile(const Fields& fields, const std::string& lockPath) {
-    const auto file = fields.find("FilePathUsedToEditLock");
-    if (file == fields.end())
+    const std::string file = valueOf(fields, "FilePathUsedToEditLock");
+    if (file.empty())
         return false;
-    const std::string original = platform::parentPath(file->second);
+    const std::string original = platform::parentPath(file);
     return platform::isDirectory(original) &&
            !platform::sameFile(original, platform::parentPath(lockPath));
 }
 
 bool isStale(const std::string& content, const std::string& lockPath) {
     const Fields fields = parse(content);
-    const std::optional<platform::ProcessId> process = holderHere(fields);
-    return process && (!platform::isProcessAlive(*process) || !isSameInstance(fields, *process) ||
-                       isForAnotherFile(fields, lockPath));
+    const platform::ProcessFate fate = fateOfHolder(fields);
+    return fate == platform::ProcessFate::dead ||
+           (fate == platform::ProcessFate::alive && isForAnotherFile(fields, lockPath));
 }
 
 // An empty lock file is what a crash of the whole computer leaves.
@@ -138,11 +124,12 @@ bool removeLeftLock(const std::string& lockPath) {
 }
 
 std::string describeHolder(const std::string& lockPath) {
-    Fields fields = parse(contentOf(lockPath));
-    if (fields["ProcessIdentifier"].empty())
+    const Fields fields = parse(contentOf(lockPath));
+    const std::string process = valueOf(fields, "ProcessIdentifier");
+    if (process.empty())
         return "it is locked by '" + lockPath + "'";
-    return "it is being edited by process " + fields["ProcessIdentifier"] + " of user " +
-           fields["LoginName"] + " on host " + fields["HostName"] + " ('" + lockPath + "')";
+    return "it is being edited by process " + process + " of user " + valueOf(fields, "LoginName") +
+           " on host " + valueOf(fields, "HostName") + " ('" + lockPath + "')";
 }
 
 void removeOwn(const std::string& path, const std::string& own) {
@@ -218,8 +205,10 @@ oaDMLockStatusEnum EditLock::status(const std::string& file) {
     if (isStale(content, lockPath))
         return oacNotLocked;
     const Fields fields = parse(content);
-    return holderHere(fields) == platform::currentProcessId() ? oacLockedByCurrentProcess
-                                                              : oacLockedByForeignProcess;
+    const bool own =
+        fateOfHolder(fields) == platform::ProcessFate::alive &&
+        valueOf(fields, "ProcessIdentifier") == std::to_string(platform::currentProcessId());
+    return own ? oacLockedByCurrentProcess : oacLockedByForeignProcess;
 }
 
 void EditLock::release() noexcept {
