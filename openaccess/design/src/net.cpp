@@ -158,6 +158,11 @@ oaCollection<oaShape, oaNet> oaNet::getShapes(oaUInt4 filterFlags) const {
     return collectionOf<oaCollection<oaShape, oaNet>>(std::move(shapes));
 }
 
+oaBoolean oaNet::hasDefaultConstraintGroup() const {
+    slotOf(this); // a net that is gone answers nothing
+    return false;
+}
+
 void oaNet::destroy() {
     edited(this).connectivity.destroyNet(slotOf(this));
 }

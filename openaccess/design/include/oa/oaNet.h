@@ -48,6 +48,9 @@ public:
     oaCollection<oaShape, oaNet> getShapes(oaUInt4 filterFlags = oacShapeIterNetOnly |
                                                                  oacShapeIterNetPins) const;
 
+    /// False: there are no constraint groups here.
+    oaBoolean hasDefaultConstraintGroup() const;
+
     /// Destroys the net with its terminals and their pins. Its figures and instance
     /// terminals stay, on no net.
     void destroy();
