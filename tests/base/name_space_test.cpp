@@ -122,13 +122,16 @@ public:
     }
     void getMember(const oaChar* in, oaBoolean, oaString& out, oaUInt4& loc,
                    oaUInt4) const override {
-        for (; *in; ++in) {
-            if (isInternalNormalChar(static_cast<oaByte>(*in)))
-                writeChar(*in, out, loc);
-            else if (*in == ' ')
+        while (*in) {
+            const bool isCode = *in == '#';
+            const oaByte c = isCode ? decodeChar(in + 1) : static_cast<oaByte>(*in);
+            if (isInternalNormalChar(c))
+                writeChar(static_cast<oaChar>(c), out, loc);
+            else if (c == ' ')
                 writeChar('_', out, loc);
             else
-                encodeChar(static_cast<oaByte>(*in), out, loc);
+                encodeChar(c, out, loc);
+            in += isCode ? 3 : 1;
         }
     }
     static oaByte decoded(const char* digits) { return decodeChar(digits); }
@@ -281,14 +284,15 @@ TEST(WinNS, GivesLegalFileNamesThatDifferInMoreThanCase) {
 TEST(CdbaNS, KeepsPrintableCharacters) {
     EXPECT_EQ(spelled(oaCdbaNS(), "Net_1!$%&*+-.:;=?@[]^{|}~'\""), "Net_1!$%&*+-.:;=?@[]^{|}~'\"");
     EXPECT_EQ(spelled(oaCdbaNS(), "a b"), "a#20b");
-    EXPECT_EQ(spelled(oaCdbaNS(), "<>`(),/\\#"), "#3c#3e#60#28#29#2c#2f#5c#23");
+    EXPECT_EQ(spelled(oaCdbaNS(), "<>`(),\\#"), "#3c#3e#60#28#29#2c#5c#23");
+    EXPECT_EQ(spelled(oaCdbaNS(), "a\\/b"), "a#2fb");
     EXPECT_EQ(spelled(oaCdbaNS(), "\xC3\xA9\x7f"), "#c3#a9#7f");
 }
 
 TEST(CdbaNS, ReadsWhatIsWrittenInFullOrAsItIs) {
     EXPECT_EQ(read(oaCdbaNS(), "a#20b"), "a b");
     EXPECT_EQ(read(oaCdbaNS(), "a b"), "a b");
-    EXPECT_EQ(read(oaCdbaNS(), "a#2Fb"), "a/b");
+    EXPECT_EQ(read(oaCdbaNS(), "a#2Fb"), "a\\/b");
     EXPECT_EQ(read(oaCdbaNS(), "a#zz"), "a#zz");
     EXPECT_EQ(read(oaCdbaNS(), "a#00"), "a#00");
     EXPECT_EQ(read(oaCdbaNS(), "a#"), "a#");
@@ -300,8 +304,12 @@ TEST(CdbaNS, KnowsTheFormOfAName) {
     EXPECT_EQ(oaCdbaNS().getType("a<7:0>"), oacVectorNameType);
     EXPECT_EQ(oaCdbaNS().getType("a,b"), oacBundleNameType);
     EXPECT_EQ(oaCdbaNS().getType("<*2>a"), oacBundleNameType);
-    for (const char* text : {"a<3>", "a<7:0>", "a,b", "<*2>a", "a/b", "a\\b"})
+    EXPECT_EQ(oaCdbaNS().getType("a:b<3>"), oacVectorBitNameType);
+    EXPECT_EQ(oaCdbaNS().getType("a<3>/b"), oacScalarNameType);
+    for (const char* text : {"a<3>", "a<7:0>", "a,b", "<*2>a", "a\\b", "a<1:0>/b"})
         EXPECT_EQ(refusal(oaCdbaNS(), text), oaUInt4(oacScalarNameInvalid)) << text;
+    for (const char* text : {"/", "/a", "a/", "a//b"})
+        EXPECT_EQ(refusal(oaCdbaNS(), text), oaUInt4(oacHierNameInvalid)) << text;
 }
 
 TEST(CdbaNS, IsReversible) {

@@ -130,7 +130,8 @@ TEST(VectorName, RefusesEveryOtherText) {
         EXPECT_EQ(refusal([&] { oaVectorName(oaNativeNS(), text); }), oaUInt4(oacVectorNameInvalid))
             << text;
     EXPECT_EQ(spelled(oaVectorName(oaCdbaNS(), "a<03:0:1>")), "a[3:0]");
-    EXPECT_EQ(refusal([] { oaVectorName(oaCdbaNS(), "a/b<3:0>"); }), oaUInt4(oacScalarNameInvalid));
+    EXPECT_EQ(refusal([] { oaVectorName(oaCdbaNS(), "a\\b<3:0>"); }),
+              oaUInt4(oacScalarNameInvalid));
 }
 
 TEST(SimpleName, TakesTheFormOfItsText) {

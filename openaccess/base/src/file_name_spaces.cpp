@@ -1,3 +1,4 @@
+#include "base/src/internal_form.h"
 #include "base/src/name_chars.h"
 #include "oaException.h"
 #include "oaNameSpace.h"
@@ -111,12 +112,12 @@ void oaUnixNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& cas
     oaString name;
     if (!readUnix(spelled, name))
         throw oaError(oacScalarNameInvalid, static_cast<const oaChar*>(spelled));
-    out = name;
+    out = impl::internalForm(static_cast<const oaChar*>(name)).c_str();
     caseSensitive = true;
 }
 
 void oaUnixNS::getMember(const oaChar* in, oaBoolean, oaString& out, oaUInt4& loc, oaUInt4) const {
-    spellUnix(in, out, loc);
+    spellUnix(impl::bytesOf(in).c_str(), out, loc);
 }
 
 oaNameType oaWinNS::getType(const oaChar* in) const {
@@ -131,12 +132,12 @@ void oaWinNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& case
     oaString name;
     if (!readWin(spelled, name))
         throw oaError(oacScalarNameInvalid, static_cast<const oaChar*>(spelled));
-    out = name;
+    out = impl::internalForm(static_cast<const oaChar*>(name)).c_str();
     caseSensitive = true;
 }
 
 void oaWinNS::getMember(const oaChar* in, oaBoolean, oaString& out, oaUInt4& loc, oaUInt4) const {
-    spellWin(in, out, loc);
+    spellWin(impl::bytesOf(in).c_str(), out, loc);
 }
 
 } // namespace OpenAccess_4

@@ -26,6 +26,7 @@ struct IndexMarks {
 
 inline constexpr IndexMarks kNativeIndexMarks{'[', ']', true};
 inline constexpr IndexMarks kCdbaIndexMarks{'<', '>', false};
+inline constexpr IndexMarks kInternalIndexMarks{'<', '>', true};
 
 /// Takes the indices off a name; nothing when it does not end with any.
 std::optional<Indices> readIndices(std::string_view text, const IndexMarks& marks);

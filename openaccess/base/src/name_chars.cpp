@@ -21,11 +21,14 @@ void writeChar(oaChar c, oaString& out, oaUInt4& loc) {
     out[loc] = '\0';
 }
 
-void encodeChar(oaByte c, oaString& out, oaUInt4& loc) {
+std::string encoded(oaByte c) {
     static const oaChar digits[] = "0123456789abcdef";
-    writeChar('#', out, loc);
-    writeChar(digits[c >> 4], out, loc);
-    writeChar(digits[c & 15], out, loc);
+    return {'#', digits[c >> 4], digits[c & 15]};
+}
+
+void encodeChar(oaByte c, oaString& out, oaUInt4& loc) {
+    for (const char digit : encoded(c))
+        writeChar(digit, out, loc);
 }
 
 oaByte decodeChar(const oaChar* twoHexDigits) {

@@ -10,6 +10,8 @@ void encodeChar(oaByte c, oaString& out, oaUInt4& loc);
 oaByte decodeChar(const oaChar* twoHexDigits);
 bool isInternalNormalChar(oaByte c);
 
+/// "#" and two hexadecimal digits.
+std::string encoded(oaByte c);
 bool isHexDigit(oaChar c);
 
 /// Refuses a text that gives no name at all.

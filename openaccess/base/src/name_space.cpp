@@ -1,7 +1,8 @@
 #include "oaNameSpace.h"
 
-#include "base/src/indexed_name.h"
+#include "base/src/internal_form.h"
 #include "base/src/name_chars.h"
+#include "base/src/same_bundle.h"
 #include "oaException.h"
 #include "oaName.h"
 
@@ -10,18 +11,13 @@
 
 namespace OpenAccess_4 {
 
-namespace {
+using namespace impl;
 
-template <class Name>
-oaScalarName baseOf(const Name& name) {
-    oaScalarName base;
-    name.getBaseName(base);
-    return base;
-}
+namespace {
 
 /// Compares two names of which the forms may differ.
 template <class Name>
-oaBoolean isEqualName(const oaNameSpace& ns, const Name& n1, const Name& n2) {
+oaBoolean isEqualSimple(const oaNameSpace& ns, const Name& n1, const Name& n2) {
     if (n1.getType() != n2.getType())
         return false;
     if (const oaScalarName* scalar = n1.getScalar())
@@ -32,36 +28,49 @@ oaBoolean isEqualName(const oaNameSpace& ns, const Name& n1, const Name& n2) {
     return !vector || ns.isEqual(*vector, *n2.getVector());
 }
 
-impl::Indices indicesOf(const oaVectorBitName& bit) {
-    return {{}, bit.getIndex()};
+oaBoolean hasEqualMembers(const oaNameSpace& ns, const oaNameBase& n1, const oaNameBase& n2) {
+    if (n1.isEmpty() || n2.isEmpty())
+        return n1.isEmpty() == n2.isEmpty();
+    const NamePath path1 = NameAccess::path(n1);
+    const NamePath path2 = NameAccess::path(n2);
+    const oaBoolean case1 = NameAccess::isCaseSensitive(n1);
+    const oaBoolean case2 = NameAccess::isCaseSensitive(n2);
+    return std::equal(path1.begin(), path1.end(), path2.begin(), path2.end(),
+                      [&](const NamePart& part1, const NamePart& part2) {
+                          return ns.isEqual(memberOf(part1, case1), memberOf(part2, case2));
+                      });
 }
 
-impl::Indices indicesOf(const oaVectorName& vector) {
-    return {{}, vector.getStart(), vector.getStop(), vector.getStep(), true};
+template <class Name>
+oaScalarName baseOf(const Name& name) {
+    oaScalarName base;
+    name.getBaseName(base);
+    return base;
 }
 
-/// Reads the whole of `in` as one member.
-oaNameMem memberOf(const oaNameSpace& ns, const oaChar* in) {
-    oaString text;
-    oaBoolean caseSensitive = true;
-    ns.getInternalMember(in, text, caseSensitive, in ? static_cast<oaUInt4>(std::strlen(in)) : 0);
-    return oaNameMem(text, caseSensitive);
+oaScalarName hierarchicalName(const oaNameMem* members, oaUInt4 numMembers) {
+    oaScalarName name;
+    name.append(members[numMembers - 1]);
+    for (oaUInt4 i = numMembers - 1; i > 0; --i)
+        name.addHierMem(members[i - 1]);
+    return name;
 }
 
-std::string_view viewOf(const oaString& text) {
-    return {static_cast<const oaChar*>(text), text.getLength()};
-}
+/// A name whose native spelling is spelled as one member, in a name space that has no other.
+struct NativeSpelling {
+    NameForm form;
+    bool caseSensitive;
 
-/// The indices of a name, which must be those of a bit, or of a range.
-std::optional<impl::Indices> readForm(std::string_view text, const impl::IndexMarks& marks,
-                                      bool isRange) {
-    const std::optional<impl::Indices> indices = impl::readIndices(text, marks);
-    return indices && indices->isRange == isRange ? indices : std::nullopt;
-}
+    const SimpleForm* simple(oaNameTypeEnum type) const {
+        const SimpleForm* name = std::get_if<SimpleForm>(&form);
+        return name && name->type() == type ? name : nullptr;
+    }
+};
 
-void writeText(std::string_view text, oaString& out, oaUInt4& loc) {
-    for (const char c : text)
-        impl::writeChar(c, out, loc);
+NativeSpelling readNativeSpelling(const oaNameSpace& ns, const oaChar* in) {
+    requireText(in, 1);
+    const ReadMember member = readMember(ns, in);
+    return {readNameText(member.bytes), member.caseSensitive};
 }
 
 } // namespace
@@ -72,7 +81,7 @@ oaNameSpace& oaNameSpace::operator=(const oaNameSpace&) = default;
 oaNameSpace::~oaNameSpace() = default;
 
 oaBoolean oaNameSpace::isEqual(const oaScalarName& n1, const oaScalarName& n2) const {
-    return isEqual(n1.member_, n2.member_);
+    return hasEqualMembers(*this, n1, n2);
 }
 
 oaBoolean oaNameSpace::isEqual(const oaVectorName& n1, const oaVectorName& n2) const {
@@ -84,12 +93,20 @@ oaBoolean oaNameSpace::isEqual(const oaVectorBitName& n1, const oaVectorBitName&
     return isEqual(baseOf(n1), baseOf(n2)) && n1.getIndex() == n2.getIndex();
 }
 
+oaBoolean oaNameSpace::isEqual(const oaBundleName& n1, const oaBundleName& n2) const {
+    return isSameBundle(n1, n2, [this](const oaSimpleName& member1, const oaSimpleName& member2) {
+        return isEqual(member1, member2) != 0;
+    });
+}
+
 oaBoolean oaNameSpace::isEqual(const oaSimpleName& n1, const oaSimpleName& n2) const {
-    return isEqualName(*this, n1, n2);
+    return isEqualSimple(*this, n1, n2);
 }
 
 oaBoolean oaNameSpace::isEqual(const oaName& n1, const oaName& n2) const {
-    return isEqualName(*this, n1, n2);
+    if (n1.getBundle() && n2.getBundle())
+        return isEqual(*n1.getBundle(), *n2.getBundle());
+    return isEqualSimple(*this, n1, n2);
 }
 
 oaBoolean oaNameSpace::isEqual(const oaNameMem& n1, const oaNameMem& n2) const {
@@ -102,12 +119,11 @@ void oaNameSpace::getInternalVBit(const oaChar* in, oaVectorBitName& out,
         out = oaVectorBitName(oaScalarName(*this, in), out.getIndex());
         return;
     }
-    const oaNameMem member = memberOf(*this, in);
-    const auto indices = readForm(viewOf(member.getValue()), impl::kNativeIndexMarks, false);
-    if (!indices)
+    const NativeSpelling name = readNativeSpelling(*this, in);
+    const SimpleForm* bit = name.simple(oacVectorBitNameType);
+    if (!bit)
         throw oaError(oacIndexedNameInvalid, in);
-    out = oaVectorBitName(impl::NameAccess::scalar(indices->base, member.isCaseSensitive()),
-                          indices->start);
+    out = *simpleNameOf(*bit, name.caseSensitive).getVectorBit();
 }
 
 void oaNameSpace::getInternalVector(const oaChar* in, oaVectorName& out, oaBoolean baseOnly) const {
@@ -115,30 +131,55 @@ void oaNameSpace::getInternalVector(const oaChar* in, oaVectorName& out, oaBoole
         out = oaVectorName(oaScalarName(*this, in), out.getStart(), out.getStop(), out.getStep());
         return;
     }
-    const oaNameMem member = memberOf(*this, in);
-    const auto indices = readForm(viewOf(member.getValue()), impl::kNativeIndexMarks, true);
-    if (!indices)
+    const NativeSpelling name = readNativeSpelling(*this, in);
+    const SimpleForm* vector = name.simple(oacVectorNameType);
+    if (!vector)
         throw oaError(oacVectorNameInvalid, in);
-    out = oaVectorName(impl::NameAccess::scalar(indices->base, member.isCaseSensitive()),
-                       indices->start, indices->stop, indices->step);
+    out = *simpleNameOf(*vector, name.caseSensitive).getVector();
+}
+
+void oaNameSpace::getInternalBundle(const oaChar* in, oaBundleName& out) const {
+    const NativeSpelling name = readNativeSpelling(*this, in);
+    const BundleForm* bundle = std::get_if<BundleForm>(&name.form);
+    if (!bundle)
+        throw oaError(oacBundleNameInvalid, in);
+    out = bundleNameOf(*bundle, name.caseSensitive);
+}
+
+void oaNameSpace::getMemberArray(const oaNameMem* in, oaUInt4 numMembers, oaString& out,
+                                 oaUInt4& loc) const {
+    if (numMembers == 0)
+        return;
+    const oaNameMem& last = in[numMembers - 1];
+    if (!last.hasIndex())
+        return getScalarName(hierarchicalName(in, numMembers), out, loc);
+    std::vector<oaNameMem> members(in, in + numMembers);
+    oaString base;
+    last.getBaseName(base);
+    members.back() = oaNameMem(base, last.isCaseSensitive());
+    getVectorBitName(members.data(), numMembers, last.getIndex(), out, loc);
 }
 
 void oaNameSpace::getVectorName(const oaVectorName& in, oaString& out, oaUInt4& loc) const {
-    if (in.isEmpty())
-        return;
-    const oaNameMem base = impl::NameAccess::member(baseOf(in));
-    const oaString text =
-        base.getValue() + impl::spellIndices(indicesOf(in), impl::kNativeIndexMarks).c_str();
-    getMember(text, base.isCaseSensitive(), out, loc);
+    if (!in.isEmpty())
+        writeMember(*this, spellSimpleText(formOf(in)), NameAccess::isCaseSensitive(in), out, loc);
 }
 
 void oaNameSpace::getVectorBitName(const oaVectorBitName& in, oaString& out, oaUInt4& loc) const {
-    if (in.isEmpty())
+    if (!in.isEmpty())
+        writeMember(*this, spellSimpleText(formOf(in)), NameAccess::isCaseSensitive(in), out, loc);
+}
+
+void oaNameSpace::getVectorBitName(const oaNameMem* in, oaUInt4 numMembers, oaUInt4 start,
+                                   oaString& out, oaUInt4& loc) const {
+    if (numMembers == 0)
         return;
-    const oaNameMem base = impl::NameAccess::member(baseOf(in));
-    const oaString text =
-        base.getValue() + impl::spellIndices(indicesOf(in), impl::kNativeIndexMarks).c_str();
-    getMember(text, base.isCaseSensitive(), out, loc);
+    getVectorBitName(oaVectorBitName(hierarchicalName(in, numMembers), start), out, loc);
+}
+
+void oaNameSpace::getBundleName(const oaBundleName& in, oaString& out, oaUInt4& loc) const {
+    if (!in.isEmpty())
+        writeMember(*this, spellBundleText(formOf(in)), true, out, loc);
 }
 
 void oaNameSpace::getSimpleName(const oaSimpleName& in, oaString& out, oaUInt4& loc) const {
@@ -173,12 +214,14 @@ oaNameType ScalarNameSpace::getType(const oaChar* in) const {
 }
 
 void ScalarNameSpace::getInternalScalar(const oaChar* in, oaScalarName& out) const {
-    out.member_ = memberOf(*this, in);
+    requireText(in, 1);
+    const ReadMember member = readMember(*this, in);
+    NameAccess::assign(out, member.bytes, member.caseSensitive);
 }
 
 void ScalarNameSpace::getScalarName(const oaScalarName& in, oaString& out, oaUInt4& loc) const {
     if (!in.isEmpty())
-        getMember(in.member_.getValue(), in.member_.isCaseSensitive(), out, loc);
+        writeMember(*this, NameAccess::textView(in), NameAccess::isCaseSensitive(in), out, loc);
 }
 
 } // namespace impl
@@ -186,111 +229,40 @@ void ScalarNameSpace::getScalarName(const oaScalarName& in, oaString& out, oaUIn
 oaNameType oaNativeNS::getType(const oaChar* in) const {
     if (!in || !*in)
         return oacEmptyNameType;
-    const auto indices = impl::readIndices(in, impl::kNativeIndexMarks);
-    if (!indices)
+    if (isScalarEverywhere(in))
         return oacScalarNameType;
-    return indices->isRange ? oacVectorNameType : oacVectorBitNameType;
+    const NameForm form = readNameText(in);
+    const SimpleForm* simple = std::get_if<SimpleForm>(&form);
+    return simple ? simple->type() : oacBundleNameType;
 }
 
 void oaNativeNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
                                    oaUInt4 len, oaUInt4) const {
-    impl::requireText(in, len);
-    out = oaString(in, len);
+    requireText(in, len);
+    out = internalForm({in, strnlen(in, len)}).c_str();
     caseSensitive = true;
+}
+
+void oaNativeNS::getInternalScalar(const oaChar* in, oaScalarName& out) const {
+    requireText(in, 1);
+    NameAccess::assign(out, std::string_view(in), true);
 }
 
 void oaNativeNS::getMember(const oaChar* in, oaBoolean, oaString& out, oaUInt4& loc,
                            oaUInt4) const {
-    const auto length = static_cast<oaUInt4>(std::strlen(in));
-    if (loc + length >= out.getSize())
-        out.resize(loc + length + 1);
-    std::copy_n(in, length + 1, &out[loc]);
-    loc += length;
+    writeText(bytesOf(in), out, loc);
 }
 
-namespace {
-
-bool isStructuralInCdba(oaChar c) {
-    return std::strchr("<>`(),/\\", c) != nullptr;
+void oaNativeNS::getScalarName(const oaScalarName& in, oaString& out, oaUInt4& loc) const {
+    writeText(NameAccess::textView(in), out, loc);
 }
 
-bool isKeptInCdba(oaChar c) {
-    return c > ' ' && c < 0x7f && c != '#' && !isStructuralInCdba(c);
-}
-
-} // namespace
-
-oaNameType oaCdbaNS::getType(const oaChar* in) const {
-    if (!in || !*in)
-        return oacEmptyNameType;
-    if (std::strpbrk(in, ",(") || std::strncmp(in, "<*", 2) == 0)
-        return oacBundleNameType;
-    if (in[std::strlen(in) - 1] != '>')
-        return oacScalarNameType;
-    return std::strchr(in, ':') ? oacVectorNameType : oacVectorBitNameType;
-}
-
-void oaCdbaNS::getInternalVBit(const oaChar* in, oaVectorBitName& out, oaBoolean baseOnly) const {
-    if (baseOnly)
-        return oaNameSpace::getInternalVBit(in, out, baseOnly);
-    impl::requireText(in, 1);
-    const auto indices = readForm(in, impl::kCdbaIndexMarks, false);
-    if (!indices)
-        throw oaError(oacIndexedNameInvalid, in);
-    out = oaVectorBitName(*this, std::string(indices->base).c_str(), indices->start);
-}
-
-void oaCdbaNS::getInternalVector(const oaChar* in, oaVectorName& out, oaBoolean baseOnly) const {
-    if (baseOnly)
-        return oaNameSpace::getInternalVector(in, out, baseOnly);
-    impl::requireText(in, 1);
-    const auto indices = readForm(in, impl::kCdbaIndexMarks, true);
-    if (!indices)
-        throw oaError(oacVectorNameInvalid, in);
-    out = oaVectorName(*this, std::string(indices->base).c_str(), indices->start, indices->stop,
-                       indices->step);
-}
-
-void oaCdbaNS::getVectorName(const oaVectorName& in, oaString& out, oaUInt4& loc) const {
-    if (in.isEmpty())
-        return;
-    getScalarName(baseOf(in), out, loc);
-    writeText(impl::spellIndices(indicesOf(in), impl::kCdbaIndexMarks), out, loc);
-}
-
-void oaCdbaNS::getVectorBitName(const oaVectorBitName& in, oaString& out, oaUInt4& loc) const {
-    if (in.isEmpty())
-        return;
-    getScalarName(baseOf(in), out, loc);
-    writeText(impl::spellIndices(indicesOf(in), impl::kCdbaIndexMarks), out, loc);
-}
-
-void oaCdbaNS::getInternalMember(const oaChar* in, oaString& out, oaBoolean& caseSensitive,
-                                 oaUInt4 len, oaUInt4) const {
-    impl::requireText(in, len);
-    const oaString spelled(in, len);
-    oaUInt4 loc = 0;
-    out = "";
-    for (const oaChar* c = spelled; *c;) {
-        if (isStructuralInCdba(*c))
-            throw oaError(oacScalarNameInvalid, static_cast<const oaChar*>(spelled));
-        if (impl::isEncodedChar(c)) {
-            writeChar(static_cast<oaChar>(decodeChar(c + 1)), out, loc);
-            c += 3;
-        } else {
-            writeChar(*c++, out, loc);
-        }
-    }
-    caseSensitive = true;
-}
-
-void oaCdbaNS::getMember(const oaChar* in, oaBoolean, oaString& out, oaUInt4& loc, oaUInt4) const {
-    for (; *in; ++in) {
-        if (isKeptInCdba(*in))
-            writeChar(*in, out, loc);
-        else
-            encodeChar(static_cast<oaByte>(*in), out, loc);
-    }
+void oaNativeNS::getSimpleName(const oaSimpleName& in, oaString& out, oaUInt4& loc) const {
+    const oaScalarName* scalar = in.getScalar();
+    if (scalar && !isScalarEverywhere(NameAccess::textView(*scalar)))
+        writeText(spellSimpleText(formOf(*scalar)), out, loc);
+    else
+        oaNameSpace::getSimpleName(in, out, loc);
 }
 
 } // namespace OpenAccess_4

@@ -1,6 +1,5 @@
 #include "oaName.h"
 
-#include "base/src/indexed_name.h"
 #include "oaException.h"
 
 #include <limits>
@@ -14,6 +13,14 @@ void requireStep(const oaScalarName& base, oaUInt4 step) {
     base.get(text);
     if (step == 0)
         throw oaError(oacVectorNameInvalid, static_cast<const oaChar*>(text));
+}
+
+template <class Name>
+oaScalarName baseNameOf(const Name& name) {
+    oaScalarName base;
+    impl::NameAccess::assign(base, impl::NameAccess::textView(name),
+                             impl::NameAccess::isCaseSensitive(name));
+    return base;
 }
 
 oaUInt8 countBits(const oaVectorName& name) {
@@ -42,13 +49,25 @@ void oaVectorBitName::get(oaString& out) const {
     get(oaNativeNS(), out);
 }
 
+void oaVectorBitName::getBaseName(const oaNameSpace& ns, oaString& out) const {
+    baseNameOf(*this).get(ns, out);
+}
+
+void oaVectorBitName::getBaseName(oaScalarName& out) const {
+    out = baseNameOf(*this);
+}
+
+void oaVectorBitName::append(const oaNameSpace& ns, const oaChar* in, oaUInt4 len, oaUInt4) {
+    appendMember(ns, in, len);
+}
+
 oaVectorName::oaVectorName(const oaNameSpace& ns, const oaChar* base, oaUInt4 start, oaUInt4 stop,
                            oaUInt4 step)
     : oaVectorName(oaScalarName(ns, base), start, stop, step) {}
 
 oaVectorName::oaVectorName(const oaScalarName& base, oaUInt4 start, oaUInt4 stop, oaUInt4 step)
-    : base_(base), start_(start), stop_(stop), step_(step) {
-    requireStep(base_, step);
+    : oaNameBase(base), start_(start), stop_(stop), step_(step) {
+    requireStep(base, step);
 }
 
 void oaVectorName::init(const oaNameSpace& ns, const oaChar* in, oaBoolean baseOnly) {
@@ -65,8 +84,20 @@ void oaVectorName::get(oaString& out) const {
     get(oaNativeNS(), out);
 }
 
+void oaVectorName::getBaseName(const oaNameSpace& ns, oaString& out) const {
+    baseNameOf(*this).get(ns, out);
+}
+
+void oaVectorName::getBaseName(oaScalarName& out) const {
+    out = baseNameOf(*this);
+}
+
+void oaVectorName::append(const oaNameSpace& ns, const oaChar* in, oaUInt4 len, oaUInt4) {
+    appendMember(ns, in, len);
+}
+
 void oaVectorName::setStep(oaUInt4 step) {
-    requireStep(base_, step);
+    requireStep(baseNameOf(*this), step);
     step_ = step;
 }
 
@@ -80,56 +111,8 @@ void oaVectorName::getBitName(const oaNameSpace& ns, oaUInt4 bit, oaString& out)
         throwNoBit(out);
     }
     const oaUInt4 offset = bit * step_;
-    oaVectorBitName(base_, start_ <= stop_ ? start_ + offset : start_ - offset).get(ns, out);
-}
-
-void oaSimpleName::init(const oaNameSpace& ns, const oaChar* in) {
-    switch (ns.getType(in)) {
-    case oacVectorBitNameType:
-        name_ = oaVectorBitName(ns, in);
-        break;
-    case oacVectorNameType:
-        name_ = oaVectorName(ns, in);
-        break;
-    default: // which refuses what is no name at all
-        name_ = oaScalarName(ns, in);
-    }
-}
-
-void oaSimpleName::get(const oaNameSpace& ns, oaString& out) const {
-    oaUInt4 loc = 0;
-    out = "";
-    ns.getSimpleName(*this, out, loc);
-}
-
-void oaSimpleName::get(oaString& out) const {
-    get(oaNativeNS(), out);
-}
-
-void oaSimpleName::getBitName(const oaNameSpace& ns, oaUInt4 bit, oaString& out) const {
-    if (const oaVectorName* vector = getVector())
-        return vector->getBitName(ns, bit, out);
-    if (bit > 0) {
-        get(out);
-        throwNoBit(out);
-    }
-    get(ns, out);
-}
-
-oaNameType oaSimpleName::getType() const {
-    if (getScalar())
-        return oacScalarNameType;
-    if (getVectorBit())
-        return oacVectorBitNameType;
-    return getVector() ? oacVectorNameType : oacEmptyNameType;
-}
-
-oaUInt4 oaSimpleName::getNumMembers() const {
-    return std::visit([](const auto& name) { return name.getNumMembers(); }, name_);
-}
-
-oaUInt4 oaSimpleName::getNumBits() const {
-    return std::visit([](const auto& name) { return name.getNumBits(); }, name_);
+    oaVectorBitName(baseNameOf(*this), start_ <= stop_ ? start_ + offset : start_ - offset)
+        .get(ns, out);
 }
 
 } // namespace OpenAccess_4

@@ -72,7 +72,7 @@ oaBoolean oaArrayInst::isValidName(const oaBlock* block, const oaScalarName& nam
 }
 
 void oaArrayInst::getName(oaScalarName& name) const {
-    name = scalarName(nameOf(this));
+    name = scalarNameOf(nameOf(this));
 }
 
 void oaArrayInst::setName(const oaScalarName& name) {

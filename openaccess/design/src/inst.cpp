@@ -143,7 +143,7 @@ oaInst* oaInst::find(const oaBlock* block, const oaSimpleName& name) {
 void oaInst::getName(oaSimpleName& name) const {
     if (const InstKind kind = recordOf<InstRecord>(this).kind;
         kind == InstKind::Scalar || kind == InstKind::Array)
-        name = scalarName(nameOf(this));
+        name = scalarNameOf(nameOf(this));
     else
         name = simpleName(nameOf(this));
 }
@@ -293,7 +293,7 @@ oaBoolean oaScalarInst::isValidName(const oaBlock* block, const oaScalarName& na
 }
 
 void oaScalarInst::getName(oaScalarName& name) const {
-    name = scalarName(nameOf(this));
+    name = scalarNameOf(nameOf(this));
 }
 
 void oaScalarInst::setName(const oaScalarName& name) {

@@ -7,12 +7,14 @@
 
 namespace OpenAccess_4::impl {
 
-/// The internal form of a name, which lasts as long as the name; empty for an empty one.
-std::string_view internalName(const oaScalarName& name);
+/// The native spelling of the name of a library, a cell or a view, or of the base of a vector, which
+/// lasts as long as the name; empty for an empty one.
+std::string_view scalarText(const oaScalarName& name);
 
-/// The internal form of a name that may be one of a bit or a vector: the native spelling.
+/// What is kept of a name that may be one of a bit or a vector: the native spelling.
 class InternalName {
 public:
+    explicit InternalName(const oaScalarName& name);
     explicit InternalName(const oaSimpleName& name);
     explicit InternalName(const oaName& name);
 
@@ -21,6 +23,9 @@ public:
 private:
     std::string text_;
 };
+inline InternalName internalName(const oaScalarName& name) {
+    return InternalName(name);
+}
 inline InternalName internalName(const oaSimpleName& name) {
     return InternalName(name);
 }
@@ -31,14 +36,16 @@ inline InternalName internalName(const oaName& name) {
 DesignNames designNames(const oaScalarName& lib, const oaScalarName& cell,
                         const oaScalarName& view);
 
-/// The name of which `internal` is the internal form.
-oaScalarName scalarName(const char* internal);
+/// The name of which this is the text as given by scalarText().
+oaScalarName scalarName(const char* text);
 
-/// The name of which `internal` is the internal form, with the indices that it may end with.
+/// The name of which this was kept, with the indices that it may end with.
 oaSimpleName simpleName(const char* internal);
+/// The same as a scalar name, also when it is the name of a bit.
+oaScalarName scalarNameOf(const char* internal);
 
-/// Spells the name of which `internal` is the internal form.
-void spell(const char* internal, const oaNameSpace& ns, oaString& out);
+/// Spell the name of which this is the text, or was kept.
+void spell(const char* text, const oaNameSpace& ns, oaString& out);
 void spellSimple(const char* internal, const oaNameSpace& ns, oaString& out);
 
 } // namespace OpenAccess_4::impl

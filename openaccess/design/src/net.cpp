@@ -20,12 +20,13 @@ struct NetValues {
 };
 
 void requireOneBit(const oaName& name) {
-    if (!name.getVector())
+    if (!name.getVector() && !name.getBundle())
         return;
     oaString text;
     name.get(text);
     throw oaDesignError(oacInvalidNetName, static_cast<const oaChar*>(text),
-                        "it is the name of a vector");
+                        name.getBundle() ? "it is the name of a bundle"
+                                         : "it is the name of a vector");
 }
 
 void requireFreeName(DesignDatabase& database, std::string_view name) {
@@ -187,13 +188,13 @@ oaBoolean oaScalarNet::isValidName(const oaBlock* block, const oaScalarName& nam
 }
 
 void oaScalarNet::getName(oaScalarName& name) const {
-    name = scalarName(nameOf(this));
+    name = scalarNameOf(nameOf(this));
 }
 
 void oaScalarNet::setName(const oaScalarName& name) {
     DesignDatabase& database = designDatabaseOf(this);
-    const std::string_view text = internalName(name);
-    if (text == nameOf(this))
+    const InternalName text = internalName(name);
+    if (std::string_view(text) == nameOf(this))
         return;
     requireFreeName(database, text);
     database.edit();

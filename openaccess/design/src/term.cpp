@@ -14,12 +14,13 @@ using namespace impl;
 namespace {
 
 void requireOneBit(const oaName& name) {
-    if (!name.getVector())
+    if (!name.getVector() && !name.getBundle())
         return;
     oaString text;
     name.get(text);
     throw oaDesignError(oacInvalidTermName, static_cast<const oaChar*>(text),
-                        "it is the name of a vector");
+                        name.getBundle() ? "it is the name of a bundle"
+                                         : "it is the name of a vector");
 }
 
 void requireFreeName(DesignDatabase& database, std::string_view name) {
@@ -189,13 +190,13 @@ oaBoolean oaScalarTerm::isValidName(const oaBlock* block, const oaScalarName& na
 }
 
 void oaScalarTerm::getName(oaScalarName& name) const {
-    name = scalarName(nameOf(this));
+    name = scalarNameOf(nameOf(this));
 }
 
 void oaScalarTerm::setName(const oaScalarName& name) {
     DesignDatabase& database = designDatabaseOf(this);
-    const std::string_view text = internalName(name);
-    if (text == nameOf(this))
+    const InternalName text = internalName(name);
+    if (std::string_view(text) == nameOf(this))
         return;
     requireFreeName(database, text);
     database.edit();

@@ -23,7 +23,7 @@ std::string indexedName(std::string (*spelling)(std::string_view, Indices...),
                         const oaScalarName& base, Indices... indices) {
     if (base.isEmpty())
         throw oaDesignError(oacInvalidInstName, "", "it is empty");
-    return spelling(internalName(base), indices...);
+    return spelling(scalarText(base), indices...);
 }
 
 oaScalarName baseOf(const oaInst* inst) {
@@ -61,7 +61,7 @@ oaBoolean oaVectorInst::isValidName(const oaBlock* block, const oaScalarName& ba
     if (baseName.isEmpty())
         return false;
     try {
-        const std::string name = rangeName(internalName(baseName), start, stop);
+        const std::string name = rangeName(scalarText(baseName), start, stop);
         requireFreeInstName(designDatabaseOf(block), name);
         requireFreeBits(designDatabaseOf(block), name, {});
         return true;

@@ -32,11 +32,22 @@ public:
     oaVectorName* getVector() const { return partOf<oaVectorName>(); }
     oaUInt4 getNumMembers() const;
     oaUInt4 getNumBits() const;
+    /// How often the name stands at its place of a bundle; else 1.
+    oaUInt4 getRepeat() const { return repeat_; }
 
+    /// As oaNameBase does.
+    void addHierMem(const oaNameSpace& ns, const oaChar* in, oaUInt4 len);
+    void addHierMem(const oaNameMem& in);
+    void addHierPath(const oaScalarName& path);
+    void addHierPath(const oaVectorBitName& path);
+
+    /// Compares form and name, not the repetition.
     bool operator==(const oaSimpleName& other) const { return name_ == other.name_; }
     bool operator!=(const oaSimpleName& other) const { return !(*this == other); }
 
 private:
+    friend class oaBundleName;
+
     template <class Name>
     Name* partOf() const {
         Name* name = std::get_if<Name>(&name_);
@@ -45,6 +56,7 @@ private:
 
     // The calls for its parts are const and hand them out for change.
     mutable std::variant<oaScalarName, oaVectorBitName, oaVectorName> name_;
+    oaUInt4 repeat_ = 1;
 };
 
 } // namespace OpenAccess_4

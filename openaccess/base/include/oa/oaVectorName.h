@@ -6,7 +6,7 @@ namespace OpenAccess_4 {
 
 /// The name of a row of bits: a base name and the indices from `start` to `stop`, both included,
 /// every `step`-th of them. The indices may rise or fall. A default one is empty.
-class OA_API oaVectorName {
+class OA_API oaVectorName : public oaNameBase {
 public:
     oaVectorName() = default;
     /// Reads `in` as `ns` spells vectors.
@@ -24,9 +24,12 @@ public:
     /// Spells the name in `ns`, or natively. An empty name gives an empty text.
     void get(const oaNameSpace& ns, oaString& out) const;
     void get(oaString& out) const;
-    void getBaseName(const oaNameSpace& ns, oaString& out) const { base_.get(ns, out); }
-    void getBaseName(oaString& out) const { base_.get(out); }
-    void getBaseName(oaScalarName& out) const { out = base_; }
+    /// The name without its indices.
+    void getBaseName(const oaNameSpace& ns, oaString& out) const;
+    void getBaseName(oaString& out) const { out = impl::NameAccess::text(*this); }
+    void getBaseName(oaScalarName& out) const;
+    /// Puts a member below the base name. There are no `flags` other than 0.
+    void append(const oaNameSpace& ns, const oaChar* in, oaUInt4 len, oaUInt4 flags = 0);
     /// Spells the bit at that place, counted from 0 at the start.
     /// @throws oaError  oacIndexedNameInvalid: there are fewer bits
     void getBitName(const oaNameSpace& ns, oaUInt4 bit, oaString& out) const;
@@ -38,19 +41,16 @@ public:
     void setStop(oaUInt4 stop) { stop_ = stop; }
     /// @throws oaError  oacVectorNameInvalid: the step is 0
     void setStep(oaUInt4 step);
-    oaBoolean isEmpty() const { return base_.isEmpty(); }
-    oaUInt4 getNumMembers() const { return base_.getNumMembers(); }
     /// 0xFFFFFFFF also for the one range that has a bit more.
     oaUInt4 getNumBits() const;
 
     bool operator==(const oaVectorName& other) const {
-        return base_ == other.base_ && start_ == other.start_ && stop_ == other.stop_ &&
+        return hasMembersOf(other) && start_ == other.start_ && stop_ == other.stop_ &&
                step_ == other.step_;
     }
     bool operator!=(const oaVectorName& other) const { return !(*this == other); }
 
 private:
-    oaScalarName base_;
     oaUInt4 start_ = 0;
     oaUInt4 stop_ = 0;
     oaUInt4 step_ = 1;
