@@ -48,13 +48,7 @@ void start(const platform::ProgramStart& program, platform::StartedProcess& star
 void startWithPipes(const BrokerConnection& connection, const PipeEnd& input, const PipeEnd& output,
                     ProcessSystem& system) {
     EnvOverrides environment;
-    environment.setUserVariables();
-    environment.prepend(platform::libraryPathVariable(), connection.libDirs[0],
-                        connection.libDirs[1]);
-    environment.prepend("OA_PLUGIN_PATH", connection.pluginDirs[0], connection.pluginDirs[1]);
-    if (!connection.tclLibDir.empty()) {
-        environment.set("TCL_LIBRARY", platform::nativePath(connection.tclLibDir));
-    }
+    setBrokerVariables(environment, connection);
     const std::string name = "pcellBroker" + std::to_string(connection.key.apiVersion) + ".exe";
     platform::StartedProcess started;
     start({connection.exePath,
@@ -125,6 +119,16 @@ void inContext(const std::string& context, Action action) {
 }
 
 } // namespace
+
+void setBrokerVariables(EnvOverrides& environment, const BrokerConnection& connection) {
+    environment.setUserVariables();
+    environment.prepend(platform::libraryPathVariable(), connection.libDirs[0],
+                        connection.libDirs[1]);
+    environment.prepend("OA_PLUGIN_PATH", connection.pluginDirs[0], connection.pluginDirs[1]);
+    if (!connection.tclLibDir.empty()) {
+        environment.set("TCL_LIBRARY", platform::nativePath(connection.tclLibDir));
+    }
+}
 
 void startBroker(BrokerConnection& connection, ProcessSystem& system) {
     inContext("while starting " + connection.displayName(), [&] { connect(connection, system); });

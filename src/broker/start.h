@@ -1,9 +1,13 @@
 #pragma once
 
 #include "broker/config.h"
+#include "broker/env_override.h"
 #include "broker/process_system.h"
 
 namespace pcellBrokerClient {
+
+/// Gives this process the variables that the program of a connection is to see.
+void setBrokerVariables(EnvOverrides& environment, const BrokerConnection& connection);
 
 /// Starts the program of a connection with a pipe in each direction.
 ///

@@ -318,7 +318,7 @@ std::vector<Seed> plugInSeeds() {
         {"DescriptionWithoutModule", Types::fail, description("<plugIn category=\"coils\"/>"),
          toldHere(file + " names no module", "write <plugIn lib=\"NAME\"/> into it")},
         {"DescriptionMalformed", Types::fail, description("<plugIn lib=\"coil_module\""),
-         toldHere(file + " is not a description of a plug-in",
+         toldHere(file + " is not a description of a plug-in: line 1: expected a name",
                   "write <plugIn lib=\"NAME\"/> into it")},
         {"DescriptionOfTwo", Types::fail, description("<plugIn lib='a' treatAs='b'></plugIn>"),
          toldHere(file + " names a module and another plug-in", "keep either lib or treatAs")},
@@ -326,7 +326,8 @@ std::vector<Seed> plugInSeeds() {
          toldHere(file + ": 'bin/coil_module' is not the bare name of a module",
                   "put the module beside the file and write its name without directory")},
         {"ModuleMissing", Types::fail, description("<plugIn lib = 'coil_module'/>"),
-         toldHere("the module " + module + " is not beside " + file,
+         toldHere("the module " + module + " is neither beside " + file + " nor in a directory of " +
+                      platform::libraryPathVariable(),
                   "put it there, or correct the name in lib=\"coil_module\"")},
         {"DescriptionLeadsNowhere", Types::fail, description("<plugIn treatAs='wire'/>"),
          toldHere("there is no wire.plg in @plugins@",

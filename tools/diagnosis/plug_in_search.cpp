@@ -1,60 +1,51 @@
 #include "diagnosis/plug_in_search.h"
 
 #include <algorithm>
-#include <cctype>
 #include <optional>
 #include <set>
+#include <stdexcept>
 
 #include <platform/environment.h>
 #include <platform/file.h>
+#include <platform/private_directory.h>
 #include <platform/shared_module.h>
+#include <platform/xml_element.h>
+
+#include "broker/start.h"
+#include "evaluation/plug_in_place.h"
 
 namespace diagnosis {
 namespace {
 
-/// What a description says; the text of an attribute that is missing is nothing.
-struct Description {
-    std::optional<std::string> lib;
-    std::optional<std::string> treatAs;
-};
+using platform::XmlElement;
 
-std::optional<std::string> attributeOf(const std::string& element, const std::string& name) {
-    std::size_t at = element.find(name);
-    while (at != std::string::npos &&
-           (at == 0 || !std::isspace(static_cast<unsigned char>(element[at - 1]))))
-        at = element.find(name, at + 1);
-    if (at == std::string::npos)
-        return std::nullopt;
-    const std::size_t equals = element.find_first_not_of(" \t\r\n", at + name.size());
-    if (equals == std::string::npos || element[equals] != '=')
-        return std::nullopt;
-    const std::size_t quote = element.find_first_not_of(" \t\r\n", equals + 1);
-    if (quote == std::string::npos || (element[quote] != '"' && element[quote] != '\''))
-        return std::nullopt;
-    const std::size_t end = element.find(element[quote], quote + 1);
-    if (end == std::string::npos)
-        return std::nullopt;
-    return element.substr(quote + 1, end - quote - 1);
+std::vector<std::string> listedIn(const char* variable) {
+    return evaluation::directoriesIn(platform::environmentVariable(variable).value_or(""));
 }
 
-/// Takes as much of XML as a description needs; nothing for what is none.
-std::optional<Description> descriptionIn(const std::string& text) {
-    const std::size_t begin = std::min(text.find("<plugIn"), text.find("<plugin"));
-    const std::size_t end = begin == std::string::npos ? begin : text.find('>', begin);
-    if (end == std::string::npos)
-        return std::nullopt;
-    const std::string element = text.substr(begin, end - begin);
-    if (element.ends_with('/') || text.find("</plug", end) != std::string::npos)
-        return Description{attributeOf(element, "lib"), attributeOf(element, "treatAs")};
-    return std::nullopt;
+/// Where the system looks for what a program loads; on Windows beside the program first.
+std::vector<std::string> librariesFor(const std::string& program) {
+    std::vector<std::string> libraries = listedIn(platform::libraryPathVariable());
+    if (platform::libraryPathVariable() == std::string("PATH"))
+        libraries.insert(libraries.begin(), platform::parentPath(program));
+    return libraries;
 }
 
-std::optional<std::string> descriptionFile(const std::string& name,
-                                           const std::vector<std::string>& directories) {
-    for (const std::string& directory : directories)
-        if (std::string file = platform::joinPath(directory, name + ".plg"); platform::isFile(file))
-            return file;
-    return std::nullopt;
+/// An installation's own directory is searched last; most have none.
+void addInstalled(PlugInPlaces& places, const std::string& directory) {
+    if (platform::isDirectory(directory))
+        places.directories.push_back(directory);
+}
+
+bool isBareName(const std::string& name) {
+    return !name.empty() && name.find_first_of("/\\:") == std::string::npos;
+}
+
+XmlElement readDescription(const std::string& file) {
+    XmlElement element = platform::parseXml(platform::readFile(file));
+    if (element.name != "plugIn" && element.name != "plugin")
+        throw std::runtime_error("expected <plugIn>, not <" + element.name + ">");
+    return element;
 }
 
 Fault faultOfAbsence(const std::string& name, const std::vector<std::string>& directories) {
@@ -69,55 +60,50 @@ Fault faultOfAbsence(const std::string& name, const std::vector<std::string>& di
             "put " + name + ".plg and its module into one of these directories"};
 }
 
-std::optional<Fault> faultOfModule(const std::string& file, const std::string& lib) {
+Faults faultsOfModule(const std::string& file, const std::string& lib, const PlugInPlaces& places) {
+    if (!isBareName(lib))
+        return {{file + ": '" + lib + "' is not the bare name of a module",
+                 "put the module beside the file and write its name without directory"}};
     const std::string module = platform::moduleFileName(lib);
-    if (lib.empty())
-        return Fault{file + " names no module", "set lib=\"NAME\" to the module's bare name"};
-    if (lib.find_first_of("/\\:") != std::string::npos)
-        return Fault{file + ": '" + lib + "' is not the bare name of a module",
-                     "put the module beside the file and write its name without directory"};
-    if (!platform::isFile(platform::joinPath(platform::parentPath(file), module)))
-        return Fault{"the module " + module + " is not beside " + file,
-                     "put it there, or correct the name in lib=\"" + lib + "\""};
-    return std::nullopt;
+    const auto holds = [&](const std::string& directory) {
+        return platform::isFile(platform::joinPath(directory, module));
+    };
+    if (holds(platform::parentPath(file)) ||
+        std::any_of(places.libraries.begin(), places.libraries.end(), holds))
+        return {};
+    return {{"the module " + module + " is neither beside " + file + " nor in a directory of " +
+                 platform::libraryPathVariable(),
+             "put it there, or correct the name in lib=\"" + lib + "\""}};
 }
 
-} // namespace
-
-std::vector<std::string> directoriesIn(const std::string& list) {
-    std::vector<std::string> directories;
-    for (std::size_t begin = 0; begin < list.size();) {
-        const std::size_t end =
-            std::min(list.find(platform::pathListSeparator(), begin), list.size());
-        if (end > begin)
-            directories.push_back(list.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return directories;
-}
-
-namespace {
-
-Faults search(const std::string& type, const std::vector<std::string>& directories) {
+Faults search(const std::string& type, const PlugInPlaces& places) {
     std::set<std::string> seen;
     std::string name = type;
     while (seen.insert(name).second) {
-        const std::optional<std::string> file = descriptionFile(name, directories);
-        if (!file)
-            return {faultOfAbsence(name, directories)};
-        const std::optional<Description> description = descriptionIn(platform::readFile(*file));
-        if (!description)
-            return {{*file + " is not a description of a plug-in",
+        if (!isBareName(name))
+            return {{"'" + name + "' cannot be the name of a plug-in",
+                     "write the name without directory"}};
+        const std::string file = evaluation::plugInFile(name, places.directories);
+        if (file.empty())
+            return {faultOfAbsence(name, places.directories)};
+        XmlElement element;
+        try {
+            element = readDescription(file);
+        } catch (const platform::SystemFailure&) {
+            throw;
+        } catch (const std::runtime_error& error) {
+            return {{file + " is not a description of a plug-in: " + error.what(),
                      "write <plugIn lib=\"NAME\"/> into it"}};
-        if (!description->lib && !description->treatAs)
-            return {{*file + " names no module", "write <plugIn lib=\"NAME\"/> into it"}};
-        if (description->lib && description->treatAs)
-            return {{*file + " names a module and another plug-in", "keep either lib or treatAs"}};
-        if (description->lib) {
-            const std::optional<Fault> fault = faultOfModule(*file, *description->lib);
-            return fault ? Faults{*fault} : Faults{};
         }
-        name = *description->treatAs;
+        const std::string* const lib = element.attribute("lib");
+        const std::string* const treatAs = element.attribute("treatAs");
+        if (lib == nullptr && treatAs == nullptr)
+            return {{file + " names no module", "write <plugIn lib=\"NAME\"/> into it"}};
+        if (lib != nullptr && treatAs != nullptr)
+            return {{file + " names a module and another plug-in", "keep either lib or treatAs"}};
+        if (lib != nullptr)
+            return faultsOfModule(file, *lib, places);
+        name = *treatAs;
     }
     return {{"the descriptions lead from '" + name + "' back to it",
              "have the last one name its module with lib"}};
@@ -125,17 +111,45 @@ Faults search(const std::string& type, const std::vector<std::string>& directori
 
 } // namespace
 
-Faults faultsOfPlugIn(const std::string& type, const std::vector<std::string>& directories) {
+PlugInPlaces ownPlugInPlaces() {
+    PlugInPlaces places;
+    places.libraries = librariesFor(platform::programPath());
+    places.directories = evaluation::plugInDirectories();
+    const std::string installed = places.directories.back();
+    places.directories.pop_back();
+    addInstalled(places, installed);
+    return places;
+}
+
+PlugInPlaces plugInPlacesOf(const pcellBrokerClient::BrokerConnection& connection) {
+    pcellBrokerClient::EnvOverrides environment;
+    setBrokerVariables(environment, connection);
+    PlugInPlaces places;
+    places.libraries = librariesFor(connection.exePath);
+    places.directories = listedIn("OA_PLUGIN_PATH");
+    // The installation is the one that the broker's database belongs to.
+    const std::string database = platform::moduleFileName("openaccess");
+    const auto found = std::find_if(
+        places.libraries.begin(), places.libraries.end(), [&](const std::string& directory) {
+            return platform::isFile(platform::joinPath(directory, database));
+        });
+    addInstalled(places, evaluation::installedPlugIns(found == places.libraries.end()
+                                                          ? platform::parentPath(connection.exePath)
+                                                          : *found));
+    return places;
+}
+
+Faults faultsOfPlugIn(const std::string& type, const PlugInPlaces& places) {
     try {
-        return search(type, directories);
+        return search(type, places);
     } catch (const platform::SystemFailure& failure) {
         return {{failure.path() + " cannot be read: " + failure.error().text(),
                  "give this user the right to read it"}};
     }
 }
 
-bool isDescribed(const std::string& type, const std::vector<std::string>& directories) {
-    return descriptionFile(type, directories).has_value();
+bool isDescribed(const std::string& type, const PlugInPlaces& places) {
+    return !evaluation::plugInFile(type, places.directories).empty();
 }
 
 } // namespace diagnosis

@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include <platform/environment.h>
-#include <platform/path.h>
-
 #include "broker/error_report.h"
 #include "broker/start.h"
 #include "diagnosis/broker_dialogue.h"
@@ -20,21 +17,6 @@ using pcellBrokerClient::Brokers;
 using pcellBrokerClient::Command;
 
 constexpr std::uint32_t ownApiVersion = 6;
-
-std::string ownPlugInPath() {
-    return platform::environmentVariable("OA_PLUGIN_PATH").value_or("");
-}
-
-/// Where the broker looks for plug-ins.
-std::vector<std::string> plugInDirectoriesOf(const BrokerConnection& connection) {
-    std::vector<std::string> directories;
-    for (const std::string& directory : connection.pluginDirs)
-        if (!directory.empty())
-            directories.push_back(directory);
-    for (const std::string& directory : directoriesIn(ownPlugInPath()))
-        directories.push_back(directory);
-    return directories;
-}
 
 void append(Faults& faults, const Faults& more) {
     for (const Fault& fault : more)
@@ -93,9 +75,9 @@ private:
             attempt.works = false;
             attempt.answer = pcellBrokerClient::currentMessage().value_or("unknown error");
             // Without a description the plug-in is none for this process, which is no fault.
-            const std::vector<std::string> directories = directoriesIn(ownPlugInPath());
-            if (isDescribed(type_.typeName, directories))
-                append(report_.faults, faultsOfPlugIn(type_.typeName, directories));
+            const PlugInPlaces places = ownPlugInPlaces();
+            if (isDescribed(type_.typeName, places))
+                append(report_.faults, faultsOfPlugIn(type_.typeName, places));
         }
         report_.attempts.push_back(attempt);
         return attempt.works;
@@ -177,7 +159,7 @@ private:
     }
 
     void noteRefusal(const BrokerConnection& connection) {
-        const Faults found = faultsOfPlugIn(type_.typeName, plugInDirectoriesOf(connection));
+        const Faults found = faultsOfPlugIn(type_.typeName, plugInPlacesOf(connection));
         append(report_.faults, found);
         report_.faults.push_back(
             {connection.displayName() + " does not take the type '" + type_.typeName + "'",

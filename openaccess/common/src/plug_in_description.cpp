@@ -1,10 +1,10 @@
 #include "common/src/plug_in_description.h"
 
-#include "common/src/xml_element.h"
 #include "platform/environment.h"
 #include "platform/file.h"
 #include "platform/path.h"
 #include "platform/shared_module.h"
+#include "platform/xml_element.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,6 +12,8 @@
 #include <string_view>
 
 namespace OpenAccess_4::impl {
+
+using platform::XmlElement;
 
 namespace {
 
@@ -53,7 +55,7 @@ std::string searchedPlaces() {
 XmlElement readDescription(const std::string& file) {
     const std::string text = platform::readFile(file); // names the file when it fails
     try {
-        XmlElement element = parseXml(text);
+        XmlElement element = platform::parseXml(text);
         if (element.name != "plugIn" && element.name != "plugin")
             throw std::runtime_error("expected <plugIn>, not <" + element.name + ">");
         return element;

@@ -1,13 +1,15 @@
 #include "dm/src/library_marker.h"
 
-#include "common/src/xml_element.h"
 #include "platform/atomic_file.h"
 #include "platform/process.h"
+#include "platform/xml_element.h"
 
 #include <algorithm>
 #include <string_view>
 
 namespace OpenAccess_4::impl {
+
+using platform::XmlElement;
 
 namespace {
 
@@ -51,7 +53,7 @@ LibraryMarker LibraryMarker::read(const std::string& path) {
         LibraryMarker marker;
         // A marker that does not say comes from where the format comes from.
         marker.set(kFileSystem, unixName);
-        const XmlElement root = parseXml(content);
+        const XmlElement root = platform::parseXml(content);
         for (const auto& [name, value] : systemElement(root).attributes)
             if (const std::string wrong = marker.set(name, value); !wrong.empty())
                 throw std::runtime_error(wrong);
@@ -76,13 +78,13 @@ std::string LibraryMarker::text() const {
     for (const auto& [name, value] : attributes_) {
         if (&name != &attributes_.front().first)
             content += "\n" + std::string(start.size(), ' ');
-        content += name + "=\"" + xmlEscaped(value) + "\"";
+        content += name + "=\"" + platform::xmlEscaped(value) + "\"";
     }
     return content + "/>\n</Library>\n";
 }
 
 std::string LibraryMarker::set(const std::string& name, const std::string& value) {
-    if (!isXmlName(name))
+    if (!platform::isXmlName(name))
         return "'" + name + "' is not a legal name of an attribute";
     if (std::string wrong = wrongValue(name, value); !wrong.empty())
         return wrong;

@@ -1,11 +1,11 @@
-#include "common/src/xml_element.h"
+#include "platform/xml_element.h"
 
 #include <algorithm>
 #include <charconv>
 #include <optional>
 #include <stdexcept>
 
-namespace OpenAccess_4::impl {
+namespace platform {
 
 namespace {
 
@@ -214,4 +214,4 @@ std::string xmlEscaped(std::string_view text) {
     return escaped;
 }
 
-} // namespace OpenAccess_4::impl
+} // namespace platform

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace OpenAccess_4::impl {
+namespace platform {
 
 /// An element of a small XML file: what library markers and
 /// descriptions of plug-ins need, without text, name spaces and DTDs.
@@ -27,4 +27,4 @@ bool isXmlName(std::string_view name);
 /// A text as the value of an attribute, without the quotes around it.
 std::string xmlEscaped(std::string_view text);
 
-} // namespace OpenAccess_4::impl
+} // namespace platform
