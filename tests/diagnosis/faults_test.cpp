@@ -162,6 +162,8 @@ const std::string internal6 = "pcellBroker6 using internal OA libs";
 const std::string cureOfBroker =
     "see what #broker6# says on standard error; it needs its OpenAccess libraries and has to "
     "speak the protocol (docs/broker.md)";
+const std::string cureOfRefusal =
+    "its plug-in is there: see what the broker says on standard error";
 const std::string module = platform::moduleFileName("coil_module");
 
 std::vector<Seed> configurationSeeds() {
@@ -344,7 +346,26 @@ std::vector<Seed> processSeeds() {
         {"BrokerRefusesATypeItHasAPlugInFor", Types::fail,
          both(description("<plugIn lib=\"coil_module\"/>"),
               [](Installation& here) { here.write("plugins/" + module, ""); }),
-         refusals("its plug-in is there: see what the broker says on standard error")},
+         refusals(cureOfRefusal)},
+        {"BrokerRefusesATypeOnItsUsersPath", Types::fail,
+         both(variable("TEST_BROKER_TYPES", "another"),
+              [](Installation& here) {
+                  here.write("plugins/coil.plg", "<plugIn lib=\"coil_module\"/>");
+                  here.write("plugins/" + module, "");
+                  here.set("PCELLBROKER_ENV", "OA_PLUGIN_PATH");
+                  here.set("PCELLBROKER_ENV_OA_PLUGIN_PATH", here.at("plugins"));
+              }),
+         refusals(cureOfRefusal)},
+        {"BrokerRefusesATypeOfItsInstallation", Types::fail,
+         both(variable("TEST_BROKER_TYPES", "another"),
+              [](Installation& here) {
+                  here.write("oa/lib/" + platform::moduleFileName("openaccess"), "");
+                  here.write("oa/data/plugins/coil.plg", "<plugIn lib=\"coil_module\"/>");
+                  here.write("oa/data/plugins/" + module, "");
+                  here.change("OA_LIB_DIR_5", "oa/lib");
+                  here.change("OA_LIB_DIR_6", "oa/lib");
+              }),
+         refusals(cureOfRefusal)},
     };
 }
 

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-/// An element of a small XML file: what library markers and
-/// descriptions of plug-ins need, without text, name spaces and DTDs.
+/// An element of a small XML file: what library markers and descriptions of plug-ins need, without
+/// text, name spaces and DTDs.
 struct XmlElement {
     std::string name;
     std::vector<std::pair<std::string, std::string>> attributes;
