@@ -100,12 +100,14 @@ Told operator+(Told first, Told second) {
     };
 }
 
-/// What the system says of the attempt to start a program.
+/// What the system says of the attempt to start a program, without the end of its line.
 std::string startFailure(const std::string& path) {
     platform::StartedProcess started;
     if (platform::startProcess({path, {path}, {}}, started))
         return "it starts";
-    return platform::lastSystemErrorText();
+    std::string text = platform::lastSystemErrorText();
+    text.resize(text.find_last_not_of("\r\n") + 1);
+    return text;
 }
 
 /// A program that cannot be started is told a second time, by the attempt to start it.

@@ -55,9 +55,10 @@ private:
         try {
             probeOaApiVersion(config, *brokers_.system);
         } catch (const std::exception& error) {
-            report_.faults.push_back({error.what(), "run " + config.probeExe +
-                                                        " by hand: its exit code is to be 5 or "
-                                                        "6; or force a version"});
+            report_.faults.push_back(
+                {withoutLineEnd(error.what()), "run " + config.probeExe +
+                                                   " by hand: its exit code is to be 5 or "
+                                                   "6; or force a version"});
             throw;
         }
         if (config.probedOaApiVersion == 5)
@@ -93,7 +94,7 @@ private:
             attempt.works = takesType(connection);
             attempt.answer = attempt.works ? "takes the type" : "does not take the type";
         } catch (const std::exception& error) {
-            attempt.answer = error.what();
+            attempt.answer = withoutLineEnd(error.what());
             report_.attempts.push_back(attempt);
             throw;
         }
