@@ -26,6 +26,8 @@ const oa::oaByte* bytesOf(const char* text) {
     return reinterpret_cast<const oa::oaByte*>(text);
 }
 
+} // namespace
+
 void addProps(oa::oaObject* object) {
     oa::oaIntProp::create(object, "int", -7);
     oa::oaIntRangeProp::create(object, "int range", 1, 2, 3);
@@ -43,6 +45,8 @@ void addProps(oa::oaObject* object) {
     oa::oaHierProp* group = oa::oaHierProp::create(object, "group");
     oa::oaIntProp::create(group, "inside", 1);
 }
+
+namespace {
 
 void drawAreas(oa::oaBlock* block) {
     oa::oaRect* rect = oa::oaRect::create(block, 1, kDrawing, oa::oaBox(0, 0, 100, 50));

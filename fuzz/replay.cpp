@@ -4,6 +4,7 @@
 
 #include "database_file.h"
 #include "library_definitions.h"
+#include "library_files.h"
 #include "pcell_file.h"
 
 namespace {
@@ -18,6 +19,18 @@ TEST(PcellFileCorpus, IsReadOrRefusedWithoutHarm) {
 
 TEST(LibraryDefinitionsCorpus, IsReadAndSavedAsItIsWritten) {
     fuzz::replay("library_definitions", fuzz::tryLibraryDefinitions, 5);
+}
+
+TEST(LibraryMarkerCorpus, IsReadOrRefusedWithoutHarm) {
+    fuzz::replay("library_marker", fuzz::tryLibraryMarker, 5);
+}
+
+TEST(MasterTagCorpus, IsReadOrRefusedWithoutHarm) {
+    fuzz::replay("master_tag", fuzz::tryMasterTag, 4);
+}
+
+TEST(LibraryDataCorpus, IsReadOrRefusedWithoutHarm) {
+    fuzz::replay("library_data", fuzz::tryLibraryData, 3);
 }
 
 } // namespace

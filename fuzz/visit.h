@@ -24,6 +24,9 @@ void destroyHalf(oa::oaBlock* block);
 void fill(oa::oaDesign* design);
 void fill(oa::oaTech* tech);
 
+/// Gives an object a property of every kind.
+void addProps(oa::oaObject* object);
+
 /// Makes an empty design a super master with parameters of every kind.
 void makeMaster(oa::oaDesign* design);
 

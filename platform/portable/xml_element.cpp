@@ -25,17 +25,32 @@ bool isNameCharacter(char c) {
     return isNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
 }
 
-std::optional<char> namedCharacter(std::string_view entity) {
+/// A character in UTF-8; nothing when there is none of that number.
+std::optional<std::string> characterOf(unsigned code) {
+    if (code == 0 || code > 0x10ffff || (code >= 0xd800 && code <= 0xdfff))
+        return std::nullopt;
+    if (code < 0x80)
+        return std::string(1, static_cast<char>(code));
+    std::string bytes;
+    int shift = code < 0x800 ? 6 : code < 0x10000 ? 12 : 18;
+    const unsigned first = code < 0x800 ? 0xc0 : code < 0x10000 ? 0xe0 : 0xf0;
+    bytes += static_cast<char>(first | code >> shift);
+    while ((shift -= 6) >= 0)
+        bytes += static_cast<char>(0x80 | (code >> shift & 0x3f));
+    return bytes;
+}
+
+std::optional<std::string> namedCharacter(std::string_view entity) {
     if (entity == "lt")
-        return '<';
+        return "<";
     if (entity == "gt")
-        return '>';
+        return ">";
     if (entity == "amp")
-        return '&';
+        return "&";
     if (entity == "quot")
-        return '"';
+        return "\"";
     if (entity == "apos")
-        return '\'';
+        return "'";
     if (!entity.starts_with("#"))
         return std::nullopt;
     const bool hexadecimal = entity.starts_with("#x");
@@ -43,9 +58,9 @@ std::optional<char> namedCharacter(std::string_view entity) {
     unsigned code = 0;
     const char* const last = entity.data() + entity.size();
     const auto [end, error] = std::from_chars(entity.data(), last, code, hexadecimal ? 16 : 10);
-    if (error != std::errc() || end != last || code == 0 || code > 0x7f)
+    if (error != std::errc() || end != last)
         return std::nullopt;
-    return static_cast<char>(code);
+    return characterOf(code);
 }
 
 class Parser {
@@ -124,18 +139,18 @@ private:
         const char quote = text[at++];
         std::string value;
         while (at < text.size() && text[at] != quote && text[at] != '<')
-            value += text[at] == '&' ? entity() : text[at++];
+            value += text[at] == '&' ? entity() : std::string(1, text[at++]);
         if (at == text.size() || text[at] != quote)
             fail("the closing quote of a value is missing");
         ++at;
         return value;
     }
 
-    char entity() {
+    std::string entity() {
         const std::size_t end = text.find(';', ++at);
-        const std::optional<char> character = end == std::string_view::npos
-                                                  ? std::nullopt
-                                                  : namedCharacter(text.substr(at, end - at));
+        const std::optional<std::string> character =
+            end == std::string_view::npos ? std::nullopt
+                                          : namedCharacter(text.substr(at, end - at));
         if (!character)
             fail("unknown character entity");
         at = end + 1;

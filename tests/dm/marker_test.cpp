@@ -57,6 +57,16 @@ TEST_F(MarkerTest, IsReadInEverySpellingOfXml) {
         EXPECT_EQ(openingWith(text).id, 0U) << text;
 }
 
+TEST_F(MarkerTest, KnowsCharactersByNumber) {
+    create("lib")->close();
+    put("lib/.oalib", marker("a=\"&#65;&#228;&#x20AC;&#x1f600;\""));
+    oaLib* lib = open("lib", "lib");
+    ASSERT_TRUE(lib->getAccess(oacReadLibAccess));
+    oaDMAttrArray attributes;
+    lib->getAttributes(attributes);
+    EXPECT_EQ(attributes[2].getValue(), "A\u00e4\u20ac\U0001f600");
+}
+
 TEST_F(MarkerTest, NamesTheFileAndWhatIsWrongWithIt) {
     const struct {
         std::string text;
@@ -77,6 +87,9 @@ TEST_F(MarkerTest, NamesTheFileAndWhatIsWrongWithIt) {
         {marker("a=1"), "line 1: expected a value in quotes"},
         {marker("a"), "line 1: expected '='"},
         {marker("a=\"&nope;\""), "line 1: unknown character entity"},
+        {marker("a=\"&#0;\""), "line 1: unknown character entity"},
+        {marker("a=\"&#xd800;\""), "line 1: unknown character entity"},
+        {marker("a=\"&#x110000;\""), "line 1: unknown character entity"},
         {marker("a=\"x"), "line 1: the closing quote of a value is missing"},
         {"\n\n<Library DMSystem=\"oaDMFileSys\">\n<oaDMFileSys>",
          "line 4: expected '<' before the end of the file"},

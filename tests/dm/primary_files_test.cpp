@@ -47,6 +47,7 @@ TEST(PrimaryFile, OfOnesOwnViewTypeIsNamedByIt) {
 TEST(PrimaryFile, OfNobodyNamesTheViewTypeItself) {
     EXPECT_EQ(viewTypeOfPrimary("text.txt"), "text.txt");
     EXPECT_EQ(viewTypeOfPrimary(".oa"), ".oa");
+    EXPECT_EQ(viewTypeOfPrimary("#00a#2Eb#2.oa"), "#00a#2Eb#2") << "no codes";
 }
 
 TEST(ManagedFile, NamesAreOnesThatBothSystemsCanHave) {
@@ -54,7 +55,8 @@ TEST(ManagedFile, NamesAreOnesThatBothSystemsCanHave) {
                              "gr\xc3\xb6\xc3\x9f"
                              "e"})
         EXPECT_TRUE(isManagedFileName(name)) << name;
-    for (const char* name : {"", ".", "..", "a/b", "a\\b", "a:b", "a*", "a?", "\n"})
+    for (const char* name : {"", ".", "..", "a/b", "a\\b", "a:b", "a*", "a?", "\n", "a.", "a ",
+                             "aux", "Con.txt", "lpt1.a.b"})
         EXPECT_FALSE(isManagedFileName(name)) << name;
 }
 

@@ -4,7 +4,7 @@
 #include "dm/src/library.h"
 #include "dm/src/primary_files.h"
 #include "oa/oaException.h"
-#include "platform/file.h"
+#include "platform/atomic_file.h"
 
 namespace OpenAccess_4 {
 
@@ -23,6 +23,16 @@ void requireContainer(const oaDMContainer* parent) {
 
 std::string nameOf(const oaDMContainer* container) {
     return libraryOf(container).pathOf(locationOf(container).ref);
+}
+
+// Nobody meets a part of the file, also when the process ends on the way.
+void copyInOneStep(const std::string& source, const std::string& target) {
+    platform::File from(source, platform::OpenMode::read);
+    platform::AtomicFile to(target);
+    std::vector<char> block(1 << 20);
+    while (const std::size_t size = from.read(block.data(), block.size()))
+        to.write(block.data(), size);
+    to.commit();
 }
 
 } // namespace
@@ -47,7 +57,7 @@ oaDMFile* oaDMFile::create(const oaDMContainer* parent, const oaString& name,
     Library& library = libraryOf(file);
     const std::string path = library.pathOf(file);
     try {
-        platform::copyFile(text(srcPath), path);
+        copyInOneStep(text(srcPath), path);
     } catch (const platform::SystemFailure& failure) {
         library.destroy(file);
         throw oaOSError(oacFileCopyFailed, static_cast<const oaChar*>(srcPath), path.c_str(),

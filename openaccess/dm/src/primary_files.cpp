@@ -85,8 +85,9 @@ int digitValue(char c) {
 std::string decoded(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
+        // No name holds a NUL: what looks like one is meant as it stands.
         const bool isCode = text[i] == '#' && i + 2 < text.size() && digitValue(text[i + 1]) >= 0 &&
-                            digitValue(text[i + 2]) >= 0;
+                            digitValue(text[i + 2]) >= 0 && text.substr(i + 1, 2) != "00";
         result += isCode ? static_cast<char>(digitValue(text[i + 1]) * 16 + digitValue(text[i + 2]))
                          : text[i];
         i += isCode ? 2 : 0;
@@ -161,8 +162,9 @@ void writeMasterTag(const std::string& directory, const std::string& primary) {
 }
 
 bool isManagedFileName(const std::string& name) {
-    return !name.empty() && name != "." && name != ".." &&
+    return !name.empty() && name.back() != '.' && name.back() != ' ' &&
            name.find_first_of("/\\:*?\"<>|") == std::string::npos &&
+           !isDeviceName(name.substr(0, name.find('.'))) &&
            std::ranges::none_of(name, [](unsigned char c) { return c < ' '; });
 }
 
