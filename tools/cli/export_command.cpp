@@ -6,6 +6,7 @@
 #include "cli/commands.h"
 #include "cli/export_component.h"
 #include "cli/library_access.h"
+#include "component/port_map.h"
 #include "component/read_component.h"
 
 namespace cli {
@@ -46,6 +47,21 @@ void say(Console& console, const component::Component& component, const ExportOp
                      << " without area, length or text\n";
 }
 
+void sayPorts(Console& console, const component::Component& component, const ExportReport& report,
+              const std::vector<component::FilePort>& ports) {
+    console.talk << "  touchstone: " << report.touchstone << ", " << counted(ports.size(), "port")
+                 << '\n';
+    for (std::size_t at = 0; at < ports.size(); ++at) {
+        const component::FilePort& port = ports[at];
+        console.talk << "    port " << at + 1;
+        if (!port.name.empty())
+            console.talk << " \"" << port.name << '"';
+        for (const std::size_t pin : port.pins)
+            console.talk << (pin == port.pins.front() ? " -> " : ", ") << component.ports[pin].name;
+        console.talk << " (" << component::shortText(port.impedance) << " Ohm)\n";
+    }
+}
+
 void warn(Console& console, const std::string& text) {
     console.talk << "ovalis: warning: " << text << '\n';
 }
@@ -54,8 +70,11 @@ void warn(Console& console, const std::string& text) {
 
 int exportCommand(const ExportOptions& options, Console& console) {
     requireUsablePath(directoryOf(options.library));
-    const component::Component component = component::readComponent(options.componentFile);
+    component::Component component = component::readComponent(options.componentFile);
     const component::Layout layout = component::readLayout(component);
+    std::vector<component::FilePort> filePorts;
+    if (!component.touchstoneFile.empty())
+        filePorts = component::connectTouchstone(component);
     for (const std::string& warning : component.warnings)
         warn(console, warning);
     ExportReport report;
@@ -67,6 +86,8 @@ int exportCommand(const ExportOptions& options, Console& console) {
         throw std::runtime_error(text.find(path) == std::string::npos ? path + ": " + text : text);
     }
     say(console, component, options, report);
+    if (!filePorts.empty())
+        sayPorts(console, component, report, filePorts);
     std::istringstream lacks(report.lacks);
     for (std::string line; std::getline(lacks, line);)
         warn(console, directoryOf(options.library) + ": " + line);

@@ -4,6 +4,7 @@
 
 #include "cli/library_access.h"
 #include "cli/technology.h"
+#include "cli/touchstone_file.h"
 #include "platform/file.h"
 #include "platform/path.h"
 
@@ -119,12 +120,15 @@ oa::oaDesign* createDesign(oa::oaLib& lib, const std::string& cell, const std::s
     });
 }
 
-ArtworkReport buildCell(oa::oaLib& lib, const component::Component& component,
-                        const component::Layout& layout, const Watcher& watcher) {
-    ArtworkReport report;
+void buildCell(oa::oaLib& lib, component::Component component, const component::Layout& layout,
+               const Watcher& watcher, ExportReport& report) {
     {
         const OpenDesign design(createDesign(lib, component.name, "layout", oa::oacMaskLayout));
-        report = drawLayout(*design, layout);
+        if (!component.touchstoneFile.empty()) {
+            report.touchstone = storeTouchstone(lib, component);
+            referToTouchstone(component, report.touchstone);
+        }
+        report.artwork = drawLayout(*design, layout);
         addComponentPorts(*design, component);
         watcher(Step::layoutDrawn);
         makeMaster(*design, component);
@@ -136,7 +140,6 @@ ArtworkReport buildCell(oa::oaLib& lib, const component::Component& component,
         drawSymbol(*symbol, component);
     }
     watcher(Step::symbolDrawn);
-    return report;
 }
 
 } // namespace
@@ -154,7 +157,7 @@ ExportReport exportComponent(const component::Component& component, const compon
         watcher(Step::libraryReady);
         prepareTechnology(*target, component, layout);
         watcher(Step::technologyReady);
-        report.artwork = buildCell(cell.workshop(), component, layout, watcher);
+        buildCell(cell.workshop(), component, layout, watcher, report);
         cell.put(component.name, report.replaced, watcher);
         completeDefinitions(target.path(), nameOf(library));
         target.keep();

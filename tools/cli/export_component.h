@@ -14,6 +14,8 @@ struct ExportReport {
     bool newLibrary = false;
     bool replaced = false;
     ArtworkReport artwork;
+    /// Where the Touchstone file lies within the library; empty without one.
+    std::string touchstone;
     /// What the library lacks all the same, one line each.
     std::string lacks;
 };

@@ -99,6 +99,10 @@ struct Component {
     std::string itemPrefix;
     std::string macroBody;
     Symbol symbol;
+    /// The Touchstone file, resolved as `layoutFile`; empty without one.
+    std::string touchstoneFile;
+    /// How many ports the description gives it; 0 when it does not say.
+    std::uint32_t touchstonePorts = 0;
     /// Things that are allowed but look like mistakes, one line each.
     std::vector<std::string> warnings;
 

@@ -189,6 +189,13 @@ std::string besideFile(const std::string& file, const std::string& name) {
     return file.substr(0, file.size() - ownName) + name;
 }
 
+void readTouchstoneName(const JsonNode& node, Component& component) {
+    remarkUnknownKeys(node, {"file", "ports", "matches_layout"}, component);
+    component.touchstoneFile = besideFile(component.file, scriptName(node["file"]));
+    if (const JsonNode ports = node["ports"]; !ports.isAbsent())
+        component.touchstonePorts = ports.uint32();
+}
+
 } // namespace
 
 const Layer* Component::findLayer(const std::string& key) const {
@@ -229,6 +236,8 @@ Component readComponent(const std::string& file) {
     if (component.kind == Kind::scriptMacro)
         component.macroBody = root["macro_body"].freeText();
     readSymbol(root["symbol"], component);
+    if (const JsonNode touchstone = root["touchstone"]; !touchstone.isAbsent())
+        readTouchstoneName(touchstone, component);
     return component;
 }
 
