@@ -86,8 +86,8 @@ TEST(DerivedLayer, StaysWithinOneTechnology) {
                                       oaDerivedLayer::create(other, tech.metal, tech.cut,
                                                              oacAndLayerOp, "both", 10);
                                   }),
-              "The derived layer 'both' cannot be made: a layer that it follows from is in another "
-              "technology.");
+              "The derived layer 'both' cannot be made: its technology does not see a layer that it "
+              "follows from.");
     EXPECT_EQ(other->getLayers().getCount(), 0u);
 }
 

@@ -88,3 +88,33 @@ TEST(Value, IsKeptByTechnologiesOnly) {
                                   [] { oaIntValue::create(oaSession::get(), 1); }),
               "A Session does not keep values.");
 }
+
+TEST(Value, OfTheFurtherKindsSurvivesASave) {
+    NewTech tech;
+    oaUInt8Value::create(tech, 1ull << 40)->set(1ull << 41);
+    oaLayerValue::create(tech, 1)->set(0xFFFFFFF0u);
+    oaDualIntValue* two = oaDualIntValue::create(tech, 0, -2);
+    two->setFirst(-1);
+    two->setSecond(2);
+    oaIntRangeValue::create(tech, oaIntRange(oacClosedRangeType, 1, 2))
+        ->set(oaIntRange(oacOpenLeftRangeType, -5, 7));
+    oaUInt8RangeValue::create(tech, oaUInt8Range(oacLessThanRangeType, 1ull << 40));
+    tech.saveAndReopen();
+    oaIter<oaValue> values(tech->getValues());
+    auto* large = static_cast<oaUInt8Value*>(values.getNext());
+    EXPECT_EQ(large->getType(), oacUInt8ValueType);
+    EXPECT_EQ(large->get(), 1ull << 41);
+    EXPECT_EQ(static_cast<oaLayerValue*>(values.getNext())->get(), 0xFFFFFFF0u);
+    two = static_cast<oaDualIntValue*>(values.getNext());
+    EXPECT_EQ(two->getFirst(), -1);
+    EXPECT_EQ(two->getSecond(), 2);
+    oaIntRange range;
+    static_cast<oaIntRangeValue*>(values.getNext())->get(range);
+    EXPECT_EQ(range.getType(), oacOpenLeftRangeType);
+    EXPECT_EQ(range.getLowerBound(), -5);
+    EXPECT_EQ(range.getUpperBound(), 7);
+    oaUInt8Range large2;
+    static_cast<oaUInt8RangeValue*>(values.getNext())->get(large2);
+    EXPECT_EQ(large2.getType(), oacLessThanRangeType);
+    EXPECT_EQ(large2.getUpperBound(), 1ull << 40);
+}

@@ -49,16 +49,12 @@ oaAppDef* Session::findAppDef(AppValueKind kind, std::string_view objectClass,
 }
 
 bool Session::disagrees(AppValueKind kind, std::string_view objectClass, std::string_view name) {
-    bool another = false;
-    for (std::uint32_t slot = 0; slot < appDefs_.slots(); ++slot) {
-        const AppDefRecord& def = appDefs_[slot];
-        if (def.ofDatabase || def.objectClass != objectClass || def.name != name)
-            continue;
-        if (def.kind == kind && def.persistent)
-            return false;
-        another = true;
-    }
-    return another;
+    bool found = false;
+    appDefs_.forEach([&](std::uint32_t, const AppDefRecord& def) {
+        found = found || (!def.ofDatabase && def.objectClass == objectClass && def.name == name &&
+                          (def.kind != kind || !def.persistent));
+    });
+    return found;
 }
 
 } // namespace impl

@@ -62,8 +62,8 @@ public:
     /// The definition of values that a database holds, made when the session does not know it.
     oaAppDef* getStoredAppDef(AppValueKind kind, std::string_view objectClass,
                               std::string_view name);
-    /// True when the class has a value of that name under another kind, or one that is kept
-    /// otherwise, and none of this kind that persists.
+    /// True when a client has defined the value of that name and class as one of another kind, or
+    /// as one that does not persist.
     bool disagrees(AppValueKind kind, std::string_view objectClass, std::string_view name);
     oaAppDef* findAppDef(AppValueKind kind, std::string_view objectClass, std::string_view name);
 

@@ -131,11 +131,12 @@ void oaDesign::setCellType(oaCellType cellType) {
 
 oaTech* oaDesign::getTech() const {
     OpenDesignRecord& record = recordFor(this);
-    if (oaTech* tech = findOpenTech(record.lib))
-        return tech;
-    if (!hasTechFile(record.lib))
+    const oaLib* owner = techLibOf(record.lib);
+    if (!owner)
         return nullptr;
-    return record.tech = openTech(record.lib, 'r');
+    if (oaTech* tech = findOpenTech(owner))
+        return tech;
+    return record.tech = openTech(owner, 'r');
 }
 
 oaBlock* oaDesign::getTopBlock() const {

@@ -1,13 +1,18 @@
-#include "oa/oaDerivedLayerDef.h"
+#include "oa/oaDerivedLayerDefObserver.h"
 
 #include "base/src/session.h"
+#include "base/src/source.h"
+#include "oa/oaLayer.h"
+#include "oa/oaTech.h"
 #include "oa/oaTechException.h"
 #include "tech/src/derived_layer_defs.h"
 #include "tech/src/open_techs.h"
+#include "tech/src/tech_database.h"
 
 namespace OpenAccess_4 {
 
 using namespace impl;
+using Observer = oaVersionedObserver<oaDerivedLayerDef, 0>;
 
 namespace {
 
@@ -50,7 +55,9 @@ oaDerivedLayerDef* oaDerivedLayerDef::create(const oaString& name, oaUInt4 numLa
     if (find(name))
         throw oaTechError(oacDerivedLayerDefExists, text);
     const std::uint32_t slot = definitions().add({text, numLayers, oacUserDefinedLayerOp});
-    return static_cast<oaDerivedLayerDef*>(definitions().handle(slot));
+    auto* def = static_cast<oaDerivedLayerDef*>(definitions().handle(slot));
+    Observer::notifyPostCreateObservers(def);
+    return def;
 }
 
 oaDerivedLayerDef* oaDerivedLayerDef::find(const oaString& name) {
@@ -79,7 +86,23 @@ void oaDerivedLayerDef::destroy() {
     if (isBuiltIn())
         throw oaTechError(oacDerivedLayerDefIsBuiltIn,
                           recordOf<DerivedLayerDefRecord>(this).name.c_str());
+    Observer::notifyPreDestroyObservers(this);
     definitions().destroy(slotOf(this));
+}
+
+void oaDerivedLayerDef::remove(oaTech* tech) {
+    TechDatabase& database = techDatabaseOf(tech);
+    database.edit();
+    const DerivedLayerDefRecord& def = recordOf<DerivedLayerDefRecord>(this);
+    database.layers.forEach([&](std::uint32_t slot, const LayerRecord& layer) {
+        if (layer.kind == LayerKind::Derived && layer.what == std::uint32_t(def.operation) &&
+            (!layer.def || database.strings.text(layer.def) == def.name))
+            static_cast<oaLayer*>(database.layers.handle(slot))->destroy();
+    });
+}
+
+oaCollection<oaDerivedLayerDef, oaSession> oaSession::getDerivedLayerDefs() const {
+    return collectionOf<oaCollection<oaDerivedLayerDef, oaSession>>({&definitions()});
 }
 
 } // namespace OpenAccess_4

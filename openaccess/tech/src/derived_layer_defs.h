@@ -2,12 +2,14 @@
 
 #include "base/src/table.h"
 #include "oa/oaTechEnums.h"
+#include "oa/oaType.h"
 
 #include <string>
 
 namespace OpenAccess_4 {
 class oaDerivedLayerDef;
-}
+class oaDerivedLayerParamDef;
+} // namespace OpenAccess_4
 
 namespace OpenAccess_4::impl {
 
@@ -20,5 +22,21 @@ struct DerivedLayerDefRecord {
     static constexpr oaTypeEnum kType = oacDerivedLayerDefType;
     using Handle = oaDerivedLayerDef;
 };
+
+/// A definition of parameters of derived layers, as the session knows it.
+struct DerivedLayerParamDefRecord {
+    std::string name;
+    oaTypeEnum valueType = oacIntValueType;
+    bool builtIn = false;
+
+    static constexpr oaTypeEnum kType = oacDerivedLayerParamDefType;
+    using Handle = oaDerivedLayerParamDef;
+};
+
+class TechDatabase;
+
+/// Tells the observers of each definition that a technology from a file has otherwise than the
+/// session.
+void reportDerivedLayerConflicts(TechDatabase& tech);
 
 } // namespace OpenAccess_4::impl

@@ -23,6 +23,14 @@ OA_ENUM_NAMES(oaLayerOp, "AND", "OR", "NOT", "XOR", "TOUCHING", "BUTTONLY", "use
               "grow", "shrink", "growVertical", "growHorizontal", "shrinkVertical",
               "shrinkHorizontal")
 
+OA_ENUM_NAMES(oaClearanceMeasure, "euclidian", "maxXY")
+
+OA_ENUM_NAMES(oaDerivedLayerParamType, "connectivityType", "selectShapesInRange", "range",
+              "areaRange", "exclusive", "distance")
+
+OA_ENUM_NAMES(oaRangeType, "lessThan", "lessThanEqual", "greaterThan", "greaterThanEqual", "closed",
+              "open", "openLeft", "openRight")
+
 OA_ENUM_NAMES(oaSizeOp, "GROW", "SHRINK")
 
 OA_ENUM_NAMES(oaViaParamType, "layer1Enc", "layer2Enc", "implant1Enc", "implant2Enc",

@@ -30,6 +30,17 @@ constexpr impl::MessageFormat formats[] = {
     {oacInvalidDatabaseForValue, "A %s does not keep values."},
     {oacInvalidDBUPerUU, "A user unit cannot have 0 database units."},
     {oacCannotDestroyOpenTech, "The technology of library '%s' is open and cannot be destroyed."},
+    {oacTechAttachedTechLibDetected,
+     "Library '%s' uses the technology of library '%s' and cannot have one of its own."},
+    {oacTechNotAttached, "Library '%s' does not use the technology of another one."},
+    {oacInvalidTechAttachment, "Library '%s' cannot use the technology of library '%s': %s."},
+    {oacInvalidTechRef, "The technology of library '%s' cannot refer to that of library '%s': %s."},
+    {oacDerivedLayerParamDefExists,
+     "A definition of derived layer parameters named '%s' already exists."},
+    {oacDerivedLayerParamDefIsBuiltIn,
+     "The definition '%s' of derived layer parameters is built in."},
+    {oacInvalidDerivedLayerParam, "A parameter '%s' of derived layers cannot be %s."},
+    {oacCannotDestroyOwnedValue, "The value belongs to a parameter and goes with it."},
 };
 
 } // namespace

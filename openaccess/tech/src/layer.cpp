@@ -6,8 +6,15 @@
 #include "oa/oaTech.h"
 #include "oa/oaTechException.h"
 #include "tech/src/derived_layer_defs.h"
+#include "tech/src/derived_layer_keys.h"
 #include "tech/src/open_techs.h"
+#include "tech/src/tech_conflicts.h"
 #include "tech/src/tech_database.h"
+#include "tech/src/tech_graph.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
 
 namespace OpenAccess_4 {
 
@@ -25,15 +32,17 @@ LayerRecord& editedLayer(const oaLayer* layer) {
     return layerOf(layer);
 }
 
-void requireFreeName(TechDatabase& tech, const oaString& name) {
-    if (tech.layerIndex.find(std::string_view(name)) != kNone)
-        throw oaTechError(oacLayerNameExists, nameOf(tech).c_str(),
+void requireFreeName(TechDatabase& tech, const oaString& name, const oaLayer* own = nullptr) {
+    const oaLayer* layer = oaLayer::find(static_cast<oaTech*>(tech.object()), name);
+    if (layer && layer != own)
+        throw oaTechError(oacLayerNameExists, nameOf(techDatabaseOf(layer)).c_str(),
                           static_cast<const oaChar*>(name));
 }
 
-void requireFreeNumber(TechDatabase& tech, oaLayerNum number) {
-    if (tech.layerIndex.find(number) != kNone)
-        throw oaTechError(oacLayerNumberExists, nameOf(tech).c_str(), number);
+void requireFreeNumber(TechDatabase& tech, oaLayerNum number, const oaLayer* own = nullptr) {
+    const oaLayer* layer = oaLayer::find(static_cast<oaTech*>(tech.object()), number);
+    if (layer && layer != own)
+        throw oaTechError(oacLayerNumberExists, nameOf(techDatabaseOf(layer)).c_str(), number);
 }
 
 /// Adds a layer of which all but the name is filled in.
@@ -43,7 +52,9 @@ oaObject* addLayer(TechDatabase& tech, const oaString& name, LayerRecord layer) 
     requireFreeNumber(tech, layer.number);
     tech.edit();
     layer.name = tech.strings.intern(std::string_view(name));
-    return tech.layers.handle(tech.layers.add(layer));
+    oaObject* added = tech.layers.handle(tech.layers.add(layer));
+    reportConflictsOf(added);
+    return added;
 }
 
 oaObject* layerIn(TechDatabase& tech, std::uint32_t slot) {
@@ -51,15 +62,17 @@ oaObject* layerIn(TechDatabase& tech, std::uint32_t slot) {
 }
 
 template <class Key>
-oaObject* findLayer(const oaTech* tech, Key key) {
-    TechDatabase& database = techDatabaseOf(tech);
-    return layerIn(database, database.layerIndex.find(key));
+oaObject* findLayer(const oaTech* tech, Key key, oaBoolean local) {
+    return firstInGraph(tech, local, [&](const oaTech* each) {
+        TechDatabase& database = techDatabaseOf(each);
+        return layerIn(database, database.layerIndex.find(key));
+    });
 }
 
 /// The layer of one kind that has a name or a number, or null.
 template <class Layer, class Key>
-Layer* findLayerOf(LayerKind kind, const oaTech* tech, Key key) {
-    oaObject* layer = findLayer(tech, key);
+Layer* findLayerOf(LayerKind kind, const oaTech* tech, Key key, oaBoolean local = false) {
+    oaObject* layer = findLayer(tech, key, local);
     return layer && recordOf<LayerRecord>(layer).kind == kind ? static_cast<Layer*>(layer)
                                                               : nullptr;
 }
@@ -69,8 +82,7 @@ oaLayer* sourceOf(const oaLayer* layer, std::size_t index) {
     const LayerRecord& record = layerOf(layer);
     if (index >= record.sources)
         return nullptr;
-    TechDatabase& tech = techDatabaseOf(layer);
-    return static_cast<oaLayer*>(layerIn(tech, tech.layerIndex.find(record.sourceNumbers[index])));
+    return static_cast<oaLayer*>(findLayer(layer->getTech(), record.sourceNumbers[index], false));
 }
 
 LayerRecord derivedFrom(LayerKind kind, oaLayerNum number, std::uint32_t what) {
@@ -83,15 +95,31 @@ LayerRecord derivedFrom(LayerKind kind, oaLayerNum number, std::uint32_t what) {
 
 void addSource(LayerRecord& layer, TechDatabase& tech, const oaLayer* source,
                const oaString& name) {
-    if (&techDatabaseOf(source) != &tech)
+    const std::vector<oaTech*> seen = graphOf(static_cast<oaTech*>(tech.object()));
+    if (std::ranges::find(seen, source->getTech()) == seen.end())
         throw oaTechError(oacDerivedLayerInvalid, static_cast<const oaChar*>(name),
-                          "a layer that it follows from is in another technology");
+                          "its technology does not see a layer that it follows from");
     layer.sourceNumbers[layer.sources++] = layerOf(source).number;
 }
 
+oaDerivedLayer* findDerived(const oaTech* tech, std::vector<oaLayerNum> sources,
+                            const oaDerivedLayerDef* def, const oaDerivedLayerParamArray* params,
+                            oaBoolean local) {
+    const std::string key = derivationKey(def, sources, params);
+    return firstInGraph(tech, local, [&](const oaTech* each) {
+        TechDatabase& database = techDatabaseOf(each);
+        oaObject* found = nullptr;
+        database.layers.forEach([&](std::uint32_t slot, const LayerRecord& layer) {
+            if (!found && layer.kind == LayerKind::Derived && derivationKey(database, slot) == key)
+                found = database.layers.handle(slot);
+        });
+        return static_cast<oaDerivedLayer*>(found);
+    });
+}
+
 oaDerivedLayer* createDerived(oaTech* tech, std::initializer_list<const oaLayer*> sources,
-                              const oaDerivedLayerDef* def, const oaString& name,
-                              oaLayerNum number) {
+                              const oaDerivedLayerDef* def, const oaString& name, oaLayerNum number,
+                              const oaDerivedLayerParamArray* params) {
     const DerivedLayerDefRecord& definition = recordOf<DerivedLayerDefRecord>(def);
     if (definition.numLayers != sources.size())
         throw oaTechError(oacDerivedLayerInvalid, static_cast<const oaChar*>(name),
@@ -103,17 +131,22 @@ oaDerivedLayer* createDerived(oaTech* tech, std::initializer_list<const oaLayer*
     database.edit();
     if (definition.operation == oacUserDefinedLayerOp)
         layer.def = database.strings.intern(definition.name);
-    return static_cast<oaDerivedLayer*>(addLayer(database, name, layer));
+    if (!params)
+        return static_cast<oaDerivedLayer*>(addLayer(database, name, layer));
+    requireNoneTwice(*params);
+    auto* added = static_cast<oaDerivedLayer*>(addLayer(database, name, layer));
+    added->setParams(*params);
+    return added;
 }
 
 } // namespace
 
-oaLayer* oaLayer::find(const oaTech* tech, const oaString& name, oaBoolean /*local*/) {
-    return static_cast<oaLayer*>(findLayer(tech, std::string_view(name)));
+oaLayer* oaLayer::find(const oaTech* tech, const oaString& name, oaBoolean local) {
+    return static_cast<oaLayer*>(findLayer(tech, std::string_view(name), local));
 }
 
-oaLayer* oaLayer::find(const oaTech* tech, oaLayerNum number, oaBoolean /*local*/) {
-    return static_cast<oaLayer*>(findLayer(tech, number));
+oaLayer* oaLayer::find(const oaTech* tech, oaLayerNum number, oaBoolean local) {
+    return static_cast<oaLayer*>(findLayer(tech, number, local));
 }
 
 void oaLayer::getName(oaString& name) const {
@@ -125,9 +158,10 @@ void oaLayer::setName(const oaString& name) {
     tech.requireEditable();
     if (name == tech.strings.chars(layerOf(this).name))
         return;
-    requireFreeName(tech, name);
+    requireFreeName(tech, name, this);
     tech.edit();
     tech.layerIndex.rename(slotOf(this), std::string_view(name));
+    reportConflictsOf(this);
 }
 
 oaLayerNum oaLayer::getNumber() const {
@@ -140,7 +174,7 @@ void oaLayer::setNumber(oaLayerNum number) {
     const oaLayerNum before = layerOf(this).number;
     if (number == before)
         return;
-    requireFreeNumber(tech, number);
+    requireFreeNumber(tech, number, this);
     tech.edit();
     tech.layerIndex.renumber(slotOf(this), number);
     tech.layers.forEach([&](std::uint32_t, LayerRecord& layer) {
@@ -148,12 +182,15 @@ void oaLayer::setNumber(oaLayerNum number) {
             if (layer.sourceNumbers[i] == before)
                 layer.sourceNumbers[i] = number;
     });
+    reportConflictsOf(this);
 }
 
 void oaLayer::destroy() {
     TechDatabase& tech = techDatabaseOf(this);
     tech.edit();
     const std::uint32_t slot = slotOf(this);
+    tech.forgetExclusions(slot);
+    tech.destroyParamsOf(slot);
     tech.forgetAttachments({kLayerTable, slot});
     tech.layerIndex.remove(slot);
     tech.layers.destroy(slot);
@@ -168,13 +205,12 @@ oaPhysicalLayer* oaPhysicalLayer::create(oaTech* tech, const oaString& name, oaL
     return static_cast<oaPhysicalLayer*>(addLayer(techDatabaseOf(tech), name, layer));
 }
 
-oaPhysicalLayer* oaPhysicalLayer::find(const oaTech* tech, const oaString& name,
-                                       oaBoolean /*local*/) {
-    return findLayerOf<oaPhysicalLayer>(LayerKind::Physical, tech, std::string_view(name));
+oaPhysicalLayer* oaPhysicalLayer::find(const oaTech* tech, const oaString& name, oaBoolean local) {
+    return findLayerOf<oaPhysicalLayer>(LayerKind::Physical, tech, std::string_view(name), local);
 }
 
-oaPhysicalLayer* oaPhysicalLayer::find(const oaTech* tech, oaLayerNum number, oaBoolean /*local*/) {
-    return findLayerOf<oaPhysicalLayer>(LayerKind::Physical, tech, number);
+oaPhysicalLayer* oaPhysicalLayer::find(const oaTech* tech, oaLayerNum number, oaBoolean local) {
+    return findLayerOf<oaPhysicalLayer>(LayerKind::Physical, tech, number, local);
 }
 
 oaMaterial oaPhysicalLayer::getMaterial() const {
@@ -226,28 +262,47 @@ oaDerivedLayer* oaDerivedLayer::create(oaTech* tech, oaLayer* layer1, oaLayer* l
     if (!def)
         throw oaTechError(oacDerivedLayerInvalid, static_cast<const oaChar*>(name),
                           "its operation is not a built-in one");
-    return create(tech, layer1, layer2, def, name, number);
+    return createDerived(tech, {layer1, layer2}, def, name, number, nullptr);
 }
 
 oaDerivedLayer* oaDerivedLayer::create(oaTech* tech, const oaLayer* layer,
                                        const oaDerivedLayerDef* def, const oaString& name,
-                                       oaLayerNum number) {
-    return createDerived(tech, {layer}, def, name, number);
+                                       oaLayerNum number, const oaDerivedLayerParamArray* params) {
+    return createDerived(tech, {layer}, def, name, number, params);
 }
 
 oaDerivedLayer* oaDerivedLayer::create(oaTech* tech, const oaLayer* layer1, const oaLayer* layer2,
                                        const oaDerivedLayerDef* def, const oaString& name,
-                                       oaLayerNum number) {
-    return createDerived(tech, {layer1, layer2}, def, name, number);
+                                       oaLayerNum number, const oaDerivedLayerParamArray* params) {
+    return createDerived(tech, {layer1, layer2}, def, name, number, params);
 }
 
-oaDerivedLayer* oaDerivedLayer::find(const oaTech* tech, const oaString& name,
-                                     oaBoolean /*local*/) {
-    return findLayerOf<oaDerivedLayer>(LayerKind::Derived, tech, std::string_view(name));
+oaDerivedLayer* oaDerivedLayer::find(const oaTech* tech, const oaString& name, oaBoolean local) {
+    return findLayerOf<oaDerivedLayer>(LayerKind::Derived, tech, std::string_view(name), local);
 }
 
-oaDerivedLayer* oaDerivedLayer::find(const oaTech* tech, oaLayerNum number, oaBoolean /*local*/) {
-    return findLayerOf<oaDerivedLayer>(LayerKind::Derived, tech, number);
+oaDerivedLayer* oaDerivedLayer::find(const oaTech* tech, oaLayerNum number, oaBoolean local) {
+    return findLayerOf<oaDerivedLayer>(LayerKind::Derived, tech, number, local);
+}
+
+oaDerivedLayer* oaDerivedLayer::find(const oaTech* tech, oaLayerNum layerNum,
+                                     const oaDerivedLayerDef* def,
+                                     const oaDerivedLayerParamArray* params, oaBoolean local) {
+    return findDerived(tech, {layerNum}, def, params, local);
+}
+
+oaDerivedLayer* oaDerivedLayer::find(const oaTech* tech, oaLayerNum layer1Num, oaLayerNum layer2Num,
+                                     const oaDerivedLayerDef* def,
+                                     const oaDerivedLayerParamArray* params, oaBoolean local) {
+    return findDerived(tech, {layer1Num, layer2Num}, def, params, local);
+}
+
+oaDerivedLayer* oaDerivedLayer::find(const oaLayer* layer1, const oaLayer* layer2,
+                                     oaLayerOp operation) {
+    const oaDerivedLayerDef* def = oaDerivedLayerDef::get(operation);
+    return def ? findDerived(layer1->getTech(), {layer1->getNumber(), layer2->getNumber()}, def,
+                             nullptr, false)
+               : nullptr;
 }
 
 oaLayer* oaDerivedLayer::getLayer1() const {

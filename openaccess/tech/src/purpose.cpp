@@ -3,7 +3,9 @@
 #include "oa/oaTech.h"
 #include "oa/oaTechException.h"
 #include "tech/src/open_techs.h"
+#include "tech/src/tech_conflicts.h"
 #include "tech/src/tech_database.h"
+#include "tech/src/tech_graph.h"
 
 namespace OpenAccess_4 {
 
@@ -27,18 +29,27 @@ oaPurpose* purposeIn(TechDatabase& tech, std::uint32_t slot) {
     return slot == kNone ? nullptr : static_cast<oaPurpose*>(tech.purposes.handle(slot));
 }
 
+template <class Key>
+oaPurpose* findPurpose(const oaTech* tech, Key key, oaBoolean local) {
+    return firstInGraph(tech, local, [&](const oaTech* each) {
+        TechDatabase& database = techDatabaseOf(each);
+        return purposeIn(database, database.purposeIndex.find(key));
+    });
+}
+
 void requireFreeName(TechDatabase& tech, const oaString& name) {
-    if (reservedTypeOf(name) < kReservedPurposes ||
-        tech.purposeIndex.find(std::string_view(name)) != kNone)
-        throw oaTechError(oacPurposeNameExists, nameOf(tech).c_str(),
+    const oaPurpose* other = oaPurpose::find(static_cast<oaTech*>(tech.object()), name);
+    if (other)
+        throw oaTechError(oacPurposeNameExists, nameOf(techDatabaseOf(other)).c_str(),
                           static_cast<const oaChar*>(name));
 }
 
 void requireFreeNumber(TechDatabase& tech, oaPurposeNum number) {
     if (number >= kFirstReservedPurposeNumber)
         throw oaTechError(oacPurposeNumberIsReserved, number);
-    if (tech.purposeIndex.find(number) != kNone)
-        throw oaTechError(oacPurposeNumberExists, nameOf(tech).c_str(), number);
+    const oaPurpose* other = oaPurpose::find(static_cast<oaTech*>(tech.object()), number);
+    if (other)
+        throw oaTechError(oacPurposeNumberExists, nameOf(techDatabaseOf(other)).c_str(), number);
 }
 
 /// The technology of a purpose that may be changed.
@@ -59,23 +70,23 @@ oaPurpose* oaPurpose::create(oaTech* tech, const oaString& name, oaPurposeNum nu
     requireFreeName(database, name);
     database.edit();
     const StringId id = database.strings.intern(std::string_view(name));
-    return purposeIn(database, database.purposes.add({id, number}));
+    oaPurpose* purpose = purposeIn(database, database.purposes.add({id, number}));
+    reportConflictsOf(purpose);
+    return purpose;
 }
 
-oaPurpose* oaPurpose::find(const oaTech* tech, const oaString& name, oaBoolean /*local*/) {
-    TechDatabase& database = techDatabaseOf(tech);
+oaPurpose* oaPurpose::find(const oaTech* tech, const oaString& name, oaBoolean local) {
     const std::uint32_t type = reservedTypeOf(name);
     if (type < kReservedPurposes)
-        return reserved(database, type);
-    return purposeIn(database, database.purposeIndex.find(std::string_view(name)));
+        return reserved(techDatabaseOf(tech), type);
+    return findPurpose(tech, std::string_view(name), local);
 }
 
-oaPurpose* oaPurpose::find(const oaTech* tech, oaPurposeNum number, oaBoolean /*local*/) {
-    TechDatabase& database = techDatabaseOf(tech);
+oaPurpose* oaPurpose::find(const oaTech* tech, oaPurposeNum number, oaBoolean local) {
     const std::uint32_t type = reservedPurposeNumber(number);
     if (type < kReservedPurposes)
-        return reserved(database, type);
-    return purposeIn(database, database.purposeIndex.find(number));
+        return reserved(techDatabaseOf(tech), type);
+    return findPurpose(tech, number, local);
 }
 
 oaPurpose* oaPurpose::get(oaTech* tech, oaPurposeType type) {
@@ -97,6 +108,7 @@ void oaPurpose::setName(const oaString& name) {
     requireFreeName(tech, name);
     tech.edit();
     tech.purposeIndex.rename(slotOf(this), std::string_view(name));
+    reportConflictsOf(this);
 }
 
 oaPurposeNum oaPurpose::getNumber() const {
@@ -110,6 +122,7 @@ void oaPurpose::setNumber(oaPurposeNum number) {
     requireFreeNumber(tech, number);
     tech.edit();
     tech.purposeIndex.renumber(slotOf(this), number);
+    reportConflictsOf(this);
 }
 
 oaPurposeType oaPurpose::getPurposeType() const {

@@ -9,8 +9,10 @@
 #include <cstdint>
 
 namespace OpenAccess_4 {
+class oaDerivedLayerParam;
 class oaPurpose;
-}
+class oaTechHeader;
+} // namespace OpenAccess_4
 
 namespace OpenAccess_4::impl {
 
@@ -20,6 +22,11 @@ inline constexpr std::uint32_t kPurposeTable = kFirstPackageTable + 1;
 inline constexpr std::uint32_t kValueTable = kFirstPackageTable + 2;
 inline constexpr std::uint32_t kSettingsTable = kFirstPackageTable + 3;
 inline constexpr std::uint32_t kReservedPurposeTable = kFirstPackageTable + 4;
+inline constexpr std::uint32_t kTechRefTable = kFirstPackageTable + 5;
+inline constexpr std::uint32_t kMoreSettingsTable = kFirstPackageTable + 6;
+inline constexpr std::uint32_t kExclusionTable = kFirstPackageTable + 7;
+inline constexpr std::uint32_t kLayerParamDefTable = kFirstPackageTable + 8;
+inline constexpr std::uint32_t kLayerParamTable = kFirstPackageTable + 9;
 
 enum class LayerKind : std::uint32_t { Physical, Derived, Sized, Count };
 
@@ -85,11 +92,22 @@ inline constexpr std::uint32_t reservedPurposeNumber(std::uint32_t type) {
     return 0xFFFFFFFFu - type;
 }
 
-enum class ValueKind : std::uint32_t { Int, Float, Boolean, String, Count };
+enum class ValueKind : std::uint32_t {
+    Int,
+    Float,
+    Boolean,
+    String,
+    IntRange,
+    UInt8,
+    UInt8Range,
+    Layer,
+    DualInt,
+    Count
+};
 
 struct ValueRecord {
     ValueKind kind = ValueKind::Int;
-    StringId text = 0;      // of the kind that is a text
+    StringId text = 0;      // of the kind that is a text, and the bytes of ranges
     std::uint64_t bits = 0; // of the others
 
     oaTypeEnum type() const;
@@ -120,6 +138,81 @@ struct SettingsRecord {
         for (const std::uint32_t units : self.userUnits)
             visitor.require(units == kNone || units <= oacNanometer);
         visitor.string(self.processFamily);
+    }
+};
+
+/// What was not among the settings at first: one record, or none when nothing of it is set.
+struct MoreSettingsRecord {
+    std::uint32_t clearanceMeasure = kNone;
+    std::uint32_t gateGrounded = kNone;
+
+    static constexpr oaTypeEnum kType = oacUnknownType;
+    using Handle = oaObject;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.require(self.clearanceMeasure == kNone ||
+                        self.clearanceMeasure <= oacMaxXYClearanceMeasure);
+        visitor.require(self.gateGrounded == kNone || self.gateGrounded <= 1);
+    }
+};
+
+/// A reference to the technology of another library.
+struct TechRefRecord {
+    StringId libName = 0; // native spelling
+
+    static constexpr oaTypeEnum kType = oacTechHeaderType;
+    using Handle = oaTechHeader;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.libName);
+    }
+};
+
+/// A layer must not be with another one, which may be of any technology.
+struct ExclusionRecord {
+    std::uint32_t layer = 0;
+    std::uint32_t number = 0;
+
+    static constexpr oaTypeEnum kType = oacUnknownType;
+    using Handle = oaObject;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.slot(kLayerTable, self.layer);
+    }
+};
+
+/// A definition of parameters of derived layers as a technology keeps it.
+struct StoredLayerParamDefRecord {
+    StringId name = 0;
+    std::uint32_t valueType = oacIntValueType;
+
+    static constexpr oaTypeEnum kType = oacUnknownType;
+    using Handle = oaObject;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.string(self.name);
+        visitor.enumerator(self.valueType, oacStringValueType + 1);
+    }
+};
+
+/// A parameter of a derived layer, or of none.
+struct LayerParamRecord {
+    std::uint32_t def = 0;
+    std::uint32_t value = 0;
+    std::uint32_t layer = kNone;
+
+    static constexpr oaTypeEnum kType = oacDerivedLayerParamType;
+    using Handle = oaDerivedLayerParam;
+
+    template <class Self, class Visitor>
+    static void describe(Self& self, Visitor& visitor) {
+        visitor.slot(kLayerParamDefTable, self.def);
+        visitor.slot(kValueTable, self.value);
+        visitor.optionalSlot(kLayerTable, self.layer);
     }
 };
 

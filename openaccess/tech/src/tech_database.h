@@ -28,18 +28,38 @@ public:
         return settings();
     }
 
+    /// All unset when the technology says nothing of them.
+    MoreSettingsRecord moreSettings() const;
+    /// The further settings, to be changed.
+    MoreSettingsRecord& editMoreSettings();
+
+    void reportConflicts() override;
+
+    // What belongs to a layer and goes with it. The caller has made the database editable.
+    void forgetExclusions(std::uint32_t layer);
+    void destroyParamsOf(std::uint32_t layer);
+    void destroyParam(std::uint32_t param);
+    /// The parameter that a value belongs to, or kNone.
+    std::uint32_t paramOf(std::uint32_t value);
+
     Table<LayerRecord>& layers;
     Table<PurposeRecord>& purposes;
     Table<PurposeRecord>& reservedPurposes;
     Table<ValueRecord>& values;
+    Table<TechRefRecord>& refs;
+    Table<ExclusionRecord>& exclusions;
+    Table<StoredLayerParamDefRecord>& layerParamDefs;
+    Table<LayerParamRecord>& layerParams;
     NameIndex<LayerRecord> layerIndex;
     NameIndex<PurposeRecord> purposeIndex;
 
 private:
     bool isSound();
+    bool haveLayersTheirKinds();
 
     std::uint32_t slot_;
     Table<SettingsRecord>& settings_;
+    Table<MoreSettingsRecord>& moreSettings_;
 };
 
 /// The database of a technology, or of one of its objects.

@@ -1,7 +1,11 @@
+#include "tech/src/tech_units.h"
 #include "oa/oaTech.h"
 #include "oa/oaTechException.h"
+#include "oa/oaTechObserver.h"
 #include "oa/oaViewType.h"
+#include "tech/src/tech_conflicts.h"
 #include "tech/src/tech_database.h"
+#include "tech/src/tech_graph.h"
 
 #include <cmath>
 #include <limits>
@@ -9,15 +13,17 @@
 namespace OpenAccess_4 {
 
 using namespace impl;
+using Observer = oaVersionedObserver<oaTech, 2>;
 
 namespace {
 
+constexpr std::array<oaReservedViewTypeEnum, kDesignViewTypes> unitsTypes = {
+    oacMaskLayout, oacSchematic, oacSchematicSymbol, oacNetlist, oacHierDesign};
+
 /// The place of a view type among those that have units.
 std::size_t unitsIndex(const oaViewType* viewType) {
-    static constexpr std::array<oaReservedViewTypeEnum, kDesignViewTypes> types = {
-        oacMaskLayout, oacSchematic, oacSchematicSymbol, oacNetlist, oacHierDesign};
-    for (std::size_t i = 0; i < types.size(); ++i)
-        if (viewType == oaViewType::get(types[i]))
+    for (std::size_t i = 0; i < unitsTypes.size(); ++i)
+        if (viewType == oaViewType::get(unitsTypes[i]))
             return i;
     oaString name;
     viewType->getName(name);
@@ -45,14 +51,31 @@ SettingsRecord& settingsOf(const oaTech* tech) {
     return techDatabaseOf(tech).settings();
 }
 
+/// Changes one of the settings of a view type and tells the observers.
+template <class Change>
+void changeUnits(oaTech* tech, oaTechModTypeEnum modType, TechSetting setting, Change change) {
+    TechDatabase& database = techDatabaseOf(tech);
+    database.requireEditable();
+    Observer::notifyPreModifyObservers(tech, modType);
+    change(database.editSettings());
+    Observer::notifyPostModifyObservers(tech, modType);
+    reportConflictsOf(tech, setting);
+}
+
 } // namespace
+
+oaViewType* impl::unitsViewType(std::size_t index) {
+    return oaViewType::get(unitsTypes[index]);
+}
 
 oaBoolean oaTech::isDBUPerUUSet(const oaViewType* viewType) const {
     return settingsOf(this).dbuPerUU[unitsIndex(viewType)] != 0;
 }
 
-oaUInt4 oaTech::getDBUPerUU(const oaViewType* viewType, oaBoolean /*local*/) const {
-    const oaUInt4 value = settingsOf(this).dbuPerUU[unitsIndex(viewType)];
+oaUInt4 oaTech::getDBUPerUU(const oaViewType* viewType, oaBoolean local) const {
+    const std::size_t index = unitsIndex(viewType);
+    const oaUInt4 value = firstInGraph(
+        this, local, [&](const oaTech* tech) { return settingsOf(tech).dbuPerUU[index]; });
     return value != 0 ? value : getDefaultDBUPerUU(viewType);
 }
 
@@ -60,12 +83,14 @@ void oaTech::setDBUPerUU(const oaViewType* viewType, oaUInt4 value) {
     const std::size_t index = unitsIndex(viewType);
     if (value == 0)
         throw oaTechError(oacInvalidDBUPerUU);
-    techDatabaseOf(this).editSettings().dbuPerUU[index] = value;
+    changeUnits(this, oacSetDBUPerUUTechModType, TechSetting::DBUPerUU,
+                [&](SettingsRecord& settings) { settings.dbuPerUU[index] = value; });
 }
 
 void oaTech::unsetDBUPerUU(const oaViewType* viewType) {
     const std::size_t index = unitsIndex(viewType);
-    techDatabaseOf(this).editSettings().dbuPerUU[index] = 0;
+    changeUnits(this, oacUnsetDBUPerUUTechModType, TechSetting::DBUPerUU,
+                [&](SettingsRecord& settings) { settings.dbuPerUU[index] = 0; });
 }
 
 oaUInt4 oaTech::getDefaultDBUPerUU(const oaViewType* viewType) {
@@ -76,21 +101,26 @@ oaBoolean oaTech::isUserUnitsSet(const oaViewType* viewType) const {
     return settingsOf(this).userUnits[unitsIndex(viewType)] != kNone;
 }
 
-oaUserUnitsType oaTech::getUserUnits(const oaViewType* viewType, oaBoolean /*local*/) const {
-    const std::uint32_t value = settingsOf(this).userUnits[unitsIndex(viewType)];
-    return value == kNone ? getDefaultUserUnits(viewType)
-                          : oaUserUnitsType(oaUserUnitsTypeEnum(value));
+oaUserUnitsType oaTech::getUserUnits(const oaViewType* viewType, oaBoolean local) const {
+    const std::size_t index = unitsIndex(viewType);
+    const oaTech* tech = firstInGraph(this, local, [&](const oaTech* each) {
+        return settingsOf(each).userUnits[index] == kNone ? nullptr : each;
+    });
+    return tech ? oaUserUnitsType(oaUserUnitsTypeEnum(settingsOf(tech).userUnits[index]))
+                : getDefaultUserUnits(viewType);
 }
 
 void oaTech::setUserUnits(const oaViewType* viewType, oaUserUnitsType value) {
     const std::size_t index = unitsIndex(viewType);
     value.getName(); // refuses what is no unit
-    techDatabaseOf(this).editSettings().userUnits[index] = value;
+    changeUnits(this, oacSetUserUnitsTechModType, TechSetting::UserUnits,
+                [&](SettingsRecord& settings) { settings.userUnits[index] = value; });
 }
 
 void oaTech::unsetUserUnits(const oaViewType* viewType) {
     const std::size_t index = unitsIndex(viewType);
-    techDatabaseOf(this).editSettings().userUnits[index] = kNone;
+    changeUnits(this, oacUnsetUserUnitsTechModType, TechSetting::UserUnits,
+                [&](SettingsRecord& settings) { settings.userUnits[index] = kNone; });
 }
 
 oaUserUnitsType oaTech::getDefaultUserUnits(const oaViewType* viewType) {

@@ -6,6 +6,8 @@
 
 namespace OpenAccess_4 {
 
+class oaTech;
+
 /// An operation that makes layers out of others. It lasts for the session; technologies keep the
 /// names of those that their layers use.
 class OA_API oaDerivedLayerDef : public oaSessionObject {
@@ -25,6 +27,8 @@ public:
 
     /// @throws oaTechError  oacDerivedLayerDefIsBuiltIn
     void destroy();
+    /// Destroys the layers of a technology that follow from others by this definition.
+    void remove(oaTech* tech);
 
     OA_HANDLE(oaDerivedLayerDef);
 };

@@ -6,11 +6,11 @@
 namespace OpenAccess_4 {
 
 /// A layer of a technology. Its name and its number are its own: no other layer of the technology,
-/// of whatever kind, has them.
+/// of whatever kind, has them, nor had one that the technology refers to when it got them.
 class OA_API oaLayer : public oaTechObject {
 public:
-    /// The layer of that name or number, or null. A technology refers to no other one here, so
-    /// that `local` makes no difference.
+    /// The layer of that name or number, or null. Those of the technologies that `tech` refers to
+    /// are looked at behind its own, unless `local` is set.
     static oaLayer* find(const oaTech* tech, const oaString& name, oaBoolean local = false);
     static oaLayer* find(const oaTech* tech, oaLayerNum number, oaBoolean local = false);
 

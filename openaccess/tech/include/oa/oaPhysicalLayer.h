@@ -1,6 +1,7 @@
 #pragma once
 
 #include "oaLayer.h"
+#include "oaLayerArray.h"
 #include "oaTechEnums.h"
 
 namespace OpenAccess_4 {
@@ -32,6 +33,11 @@ public:
     oaDist getManufacturingGrid() const;
     void setManufacturingGrid(oaDist grid);
     void resetManufacturingGrid();
+
+    /// The numbers of the layers that must not be in a technology together with this one: seeing
+    /// both is a conflict, which the observers are told of.
+    void getExcludedLayers(oaLayerArray& numbers) const;
+    void setExcludedLayers(const oaLayerArray& numbers);
 
     OA_HANDLE(oaPhysicalLayer);
 };

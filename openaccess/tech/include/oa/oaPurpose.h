@@ -20,8 +20,8 @@ public:
     ///                      oacPurposeNameExists, oacCannotModifyReadModeTech
     static oaPurpose* create(oaTech* tech, const oaString& name, oaPurposeNum number);
 
-    /// The purpose of that name or number, or null. A technology refers to no other one here, so
-    /// that `local` makes no difference.
+    /// The purpose of that name or number, or null. Those of the technologies that `tech` refers
+    /// to are looked at behind its own, unless `local` is set.
     static oaPurpose* find(const oaTech* tech, const oaString& name, oaBoolean local = false);
     static oaPurpose* find(const oaTech* tech, oaPurposeNum number, oaBoolean local = false);
 

@@ -2,11 +2,13 @@
 
 #include "oaCollection.h"
 #include "oaString.h"
+#include "oaTechArray.h"
 #include "oaTechEnums.h"
 #include "oaTechObject.h"
 
 namespace OpenAccess_4 {
 
+class oaGroup;
 class oaLayer;
 class oaLib;
 class oaNameSpace;
@@ -25,6 +27,13 @@ class oaViewType;
 ///   change away, 'a' and 'w' add it.
 /// - While it may be changed, a lock keeps other processes from changing it.
 ///
+/// A technology may refer to those of other libraries, and they to further ones: it sees their
+/// layers, purposes, values and settings as if they were its own, its own first. What cannot stand
+/// side by side there is told to the observers, see oaVersionedObserver<oaTech, 2>.
+///
+/// A library may instead be attached to another one: it then uses the technology of that, and has
+/// none of its own.
+///
 /// Every call takes the access to the library that it needs, and gives it back before it returns.
 class OA_API oaTech : public oaTechObject {
 public:
@@ -32,24 +41,28 @@ public:
     /// saved.
     /// @throws oaDMError    oacCannotFindLibrary: no library of that name is open;
     ///                      oacCannotLockDatabase: another process is making or changing it
-    /// @throws oaTechError  oacTechAlreadyExists
+    /// @throws oaTechError  oacTechAlreadyExists; oacTechAttachedTechLibDetected: the library is
+    ///                      attached to another one
     static oaTech* create(const oaScalarName& libName);
     static oaTech* create(oaLib* lib);
 
-    /// Opens the technology that a library has.
+    /// Opens the technology that a library has, or is attached to, and those that it refers to; of
+    /// these the ones that cannot be opened are left out.
     /// @throws oaDMError    oacCannotFindLibrary; oacCannotLockDatabase: another process changes it
-    /// @throws oaTechError  oacTechNotFound: the library has none; oacOpenUndefinedModeTech
+    /// @throws oaTechError  oacTechNotFound: the library has none; oacOpenUndefinedModeTech;
+    ///                      oacTechLibNotFound: the library that it is attached to is not open
     /// @throws oaError      oacDatabaseFileDamaged: tech.db is no whole and sound technology
     static oaTech* open(const oaScalarName& libName, oaChar mode = 'r');
     static oaTech* open(const oaLib* lib, oaChar mode = 'r');
 
-    /// The technology if it is open, else null. The count of its openings stays.
+    /// The technology that the library has, or is attached to, if it is open, else null. The count
+    /// of its openings stays.
     /// @throws oaDMError  oacCannotFindLibrary
     static oaTech* find(const oaScalarName& libName);
     static oaTech* find(const oaLib* lib);
 
-    /// True when the library has a technology, open or in a file that is not empty. A library has
-    /// no other way to one here, so that `inherited` makes no difference.
+    /// True when the library has a technology, open or in a file that is not empty. With
+    /// `inherited` also when one that it is attached to has, if that is open.
     /// @throws oaDMError  oacCannotFindLibrary
     static oaBoolean exists(const oaScalarName& libName, oaBoolean inherited = true);
     static oaBoolean exists(const oaLib* lib, oaBoolean inherited = true);
@@ -61,6 +74,19 @@ public:
     static void destroy(oaLib* lib);
 
     static oaCollection<oaTech, oaTech> getOpenTechs();
+
+    /// Lets a library use the technology of another one, as its data say from then on: the property
+    /// "techLibName" names that library. The data are saved, with what else was changed in them.
+    /// @throws oaTechError  oacTechAlreadyExists: it has one of its own; oacInvalidTechAttachment:
+    ///                      it would be attached to itself
+    /// @throws oaDMError    as oaDMData::open() and oaDMData::save()
+    static void attach(oaLib* lib, const oaScalarName& attachLibName);
+    /// Ends that; the other library keeps its technology.
+    /// @throws oaTechError  oacTechNotAttached
+    static void detach(oaLib* lib);
+    static oaBoolean hasAttachment(const oaLib* lib);
+    /// @throws oaTechError  oacTechNotAttached
+    static void getAttachment(const oaLib* lib, oaScalarName& attachLibName);
 
     /// Writes the technology to the library's tech.db. A failure leaves the old file whole.
     /// @throws oaTechError  oacSaveReadOnlyTech
@@ -100,6 +126,28 @@ public:
     void getLibName(oaScalarName& libName) const;
     void getLibName(const oaNameSpace& ns, oaString& libName) const;
 
+    // References. What they lead to is open while the technology is.
+
+    /// Replaces the references. The technologies are counted as opened once more.
+    /// @throws oaTechError  oacInvalidTechRef: one is named twice, or refers to this one itself;
+    ///                      oacCannotModifyReadModeTech
+    void setRefs(const oaTechArray& refs);
+    void unsetRefs();
+    /// The references of this technology, followed by those of the technologies that they lead to,
+    /// unless `local` is set.
+    void getTechHeaders(oaTechHeaderArray& refHeaders, oaBoolean local = false) const;
+    /// True when a reference here, or of a technology that this one sees, leads nowhere.
+    oaBoolean hasUnboundRefs() const;
+    /// The references of open technologies that lead here.
+    oaCollection<oaTechHeader, oaTech> getUsedIn() const;
+    /// Tells the observers of the conflicts that this technology is the first to see. Answers true
+    /// when there are none and each reference leads somewhere.
+    oaBoolean validate() const;
+
+    // Settings. The calls that read one answer what the technology says itself, else what the
+    // nearest one that it refers to says, unless `local` is set, else the default. The calls that
+    // tell whether one is set ask this technology alone.
+
     // Units. `viewType` must be one of the five that designs have: mask layout, schematic,
     // schematic symbol, netlist, hierarchical design. Every call below throws
     // oaTechError oacInvalidTechViewType for another one.
@@ -135,17 +183,42 @@ public:
     void unsetDefaultManufacturingGrid();
     oaBoolean isDefaultManufacturingGridSet() const;
 
+    static oaDist getDefaultDefaultManufacturingGrid();
+
+    /// How distances are measured where a rule does not say so.
+    oaClearanceMeasure getClearanceMeasure(oaBoolean local = false) const;
+    void setClearanceMeasure(oaClearanceMeasure measure);
+    void unsetClearanceMeasure();
+    oaBoolean isClearanceMeasureSet() const;
+    /// oacEuclidianClearanceMeasure.
+    static oaClearanceMeasure getDefaultClearanceMeasure();
+
+    /// Whether gates count as grounded where antennas are looked for.
+    oaBoolean isGateGrounded(oaBoolean local = false) const;
+    void setGateGrounded(oaBoolean gateGrounded);
+    void unsetGateGrounded();
+    oaBoolean isGateGroundedSet() const;
+    /// False.
+    static oaBoolean getDefaultIsGateGrounded();
+
     /// The name of the family of processes that the technology belongs to; empty when it is unset.
     void getProcessFamily(oaString& family, oaBoolean local = false) const;
     void setProcessFamily(const oaString& family);
     void unsetProcessFamily();
     oaBoolean hasProcessFamily(oaBoolean local = false) const;
 
-    /// The layers, of all kinds, in the order of their creation.
+    /// The layers, of all kinds, in the order of their creation; behind them those of the
+    /// technologies that this one refers to, unless the flag says otherwise. The same holds for
+    /// purposes and values.
     oaCollection<oaLayer, oaTech> getLayers(oaUInt4 filterFlags = oacLayerIterAll) const;
     /// The reserved purposes first, then the others in the order of their creation.
     oaCollection<oaPurpose, oaTech> getPurposes(oaUInt4 filterFlags = oacPurposeIterAll) const;
     oaCollection<oaValue, oaTech> getValues(oaUInt4 filterFlags = oacTechValueIterAll) const;
+
+    oaCollection<oaGroup, oaTech> getGroups() const;
+    oaCollection<oaGroup, oaTech> getGroupsByName(const oaString& name) const;
+    /// False: there are no constraint groups here.
+    oaBoolean hasDefaultConstraintGroup() const;
 
     OA_HANDLE(oaTech);
 };

@@ -125,6 +125,40 @@ enum oaViaParamTypeEnum {
 /// One parameter of a standard via.
 OA_NAMED_ENUM(oaViaParamType);
 
+enum oaClearanceMeasureEnum {
+    oacEuclidianClearanceMeasure,
+    oacMaxXYClearanceMeasure,
+};
+
+/// How the distance between two shapes is measured.
+OA_NAMED_ENUM(oaClearanceMeasure);
+
+enum oaDerivedLayerParamTypeEnum {
+    oacConnectivityTypeDerivedLayerParamType,
+    oacSelectShapesInRangeDerivedLayerParamType,
+    oacRangeDerivedLayerParamType,
+    oacAreaRangeDerivedLayerParamType,
+    oacExclusiveDerivedLayerParamType,
+    oacDistanceDerivedLayerParamType,
+};
+
+/// The parameters of derived layers that are built in.
+OA_NAMED_ENUM(oaDerivedLayerParamType);
+
+enum oaRangeTypeEnum {
+    oacLessThanRangeType,
+    oacLessThanEqualRangeType,
+    oacGreaterThanRangeType,
+    oacGreaterThanEqualRangeType,
+    oacClosedRangeType,
+    oacOpenRangeType,
+    oacOpenLeftRangeType,
+    oacOpenRightRangeType,
+};
+
+/// Which bounds a range has, and whether they belong to it.
+OA_NAMED_ENUM(oaRangeType);
+
 /// What two technologies of one reference chain both define.
 enum oaTechConflictTypeEnum {
     oacLayerNameTechConflictType,

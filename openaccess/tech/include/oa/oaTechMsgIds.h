@@ -22,6 +22,14 @@ enum oaTechMsgIds {
     oacInvalidDatabaseForValue,
     oacInvalidDBUPerUU,
     oacCannotDestroyOpenTech,
+    oacTechAttachedTechLibDetected,
+    oacTechNotAttached,
+    oacInvalidTechAttachment,
+    oacInvalidTechRef,
+    oacDerivedLayerParamDefExists,
+    oacDerivedLayerParamDefIsBuiltIn,
+    oacInvalidDerivedLayerParam,
+    oacCannotDestroyOwnedValue,
 };
 
 } // namespace OpenAccess_4

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "oa/oaObject.h"
+#include "oaRange.h"
 #include "oaString.h"
 
 namespace OpenAccess_4 {
@@ -17,6 +18,12 @@ public:
     /// True for values of one kind with the same content.
     oaBoolean isEqual(const oaValue* value) const;
 
+    /// True for the value of a parameter.
+    oaBoolean isOwned() const;
+    /// The parameter that the value belongs to, or null.
+    oaObject* getOwner(oaBoolean local = false) const;
+
+    /// @throws oaTechError  oacCannotDestroyOwnedValue
     void destroy();
 
     OA_HANDLE(oaValue);
@@ -36,8 +43,49 @@ public:
 OA_PLAIN_VALUE(oaIntValue, oaInt4);
 OA_PLAIN_VALUE(oaFltValue, oaFloat);
 OA_PLAIN_VALUE(oaBooleanValue, oaBoolean);
+OA_PLAIN_VALUE(oaUInt8Value, oaUInt8);
+/// The number of a layer.
+OA_PLAIN_VALUE(oaLayerValue, oaLayerNum);
 
 #undef OA_PLAIN_VALUE
+
+/// Two numbers.
+class OA_API oaDualIntValue : public oaValue {
+public:
+    /// @throws oaTechError  oacInvalidDatabaseForValue: `database` is no technology
+    static oaDualIntValue* create(oaObject* database, oaInt4 first, oaInt4 second);
+
+    oaInt4 getFirst() const;
+    oaInt4 getSecond() const;
+    void setFirst(oaInt4 value);
+    void setSecond(oaInt4 value);
+
+    OA_HANDLE(oaDualIntValue);
+};
+
+/// A range of numbers.
+class OA_API oaIntRangeValue : public oaValue {
+public:
+    /// @throws oaTechError  oacInvalidDatabaseForValue: `database` is no technology
+    static oaIntRangeValue* create(oaObject* database, const oaIntRange& value);
+
+    void get(oaIntRange& value) const;
+    void set(const oaIntRange& value);
+
+    OA_HANDLE(oaIntRangeValue);
+};
+
+/// A range of large numbers, areas among them.
+class OA_API oaUInt8RangeValue : public oaValue {
+public:
+    /// @throws oaTechError  oacInvalidDatabaseForValue: `database` is no technology
+    static oaUInt8RangeValue* create(oaObject* database, const oaUInt8Range& value);
+
+    void get(oaUInt8Range& value) const;
+    void set(const oaUInt8Range& value);
+
+    OA_HANDLE(oaUInt8RangeValue);
+};
 
 /// A text.
 class OA_API oaStringValue : public oaValue {
