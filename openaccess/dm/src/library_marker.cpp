@@ -51,12 +51,15 @@ LibraryMarker LibraryMarker::read(const std::string& path) {
     const std::string content = platform::readFile(path);
     try {
         LibraryMarker marker;
-        // A marker that does not say comes from where the format comes from.
-        marker.set(kFileSystem, unixName);
+        marker.attributes_ = {{kReadOnly, "No"}};
         const XmlElement root = platform::parseXml(content);
-        for (const auto& [name, value] : systemElement(root).attributes)
-            if (const std::string wrong = marker.set(name, value); !wrong.empty())
+        for (const auto& [name, value] : systemElement(root).attributes) {
+            // Somebody else's library may come from a system that we do not know.
+            if (name == kFileSystem)
+                marker.attributes_.emplace_back(name, value);
+            else if (const std::string wrong = marker.set(name, value); !wrong.empty())
                 throw std::runtime_error(wrong);
+        }
         return marker;
     } catch (const std::runtime_error& error) {
         throw DamagedFile("file '" + path + "' is damaged: " + error.what());
@@ -106,12 +109,14 @@ bool LibraryMarker::readOnly() const {
     return value(kReadOnly) == "Yes";
 }
 
+// A marker that does not say comes from where the format comes from.
 FileSystem LibraryMarker::fileSystem() const {
     return value(kFileSystem) == windowsName ? FileSystem::Windows : FileSystem::Unix;
 }
 
-const std::string& LibraryMarker::value(const char* name) const {
-    return std::ranges::find(attributes_, name, &Attributes::value_type::first)->second;
+std::string LibraryMarker::value(const char* name) const {
+    const auto found = std::ranges::find(attributes_, name, &Attributes::value_type::first);
+    return found == attributes_.end() ? std::string() : found->second;
 }
 
 } // namespace OpenAccess_4::impl

@@ -38,7 +38,9 @@ public:
     void write(const std::string& path) const;
     std::string text() const;
 
-    /// Every attribute in the order of the file; the two that steer the library always are there.
+    /// Every attribute in the order of the file. Of the two that steer the library, kReadOnly
+    /// always is there; kFileSystem may be missing or name another system in a file that others
+    /// wrote.
     const Attributes& attributes() const { return attributes_; }
 
     /// Sets an attribute or appends a new one. @returns what is wrong with it, empty when nothing
@@ -47,10 +49,11 @@ public:
     void clearOthers();
 
     bool readOnly() const;
+    /// Unix unless the attribute says Windows.
     FileSystem fileSystem() const;
 
 private:
-    const std::string& value(const char* name) const;
+    std::string value(const char* name) const;
 
     Attributes attributes_;
 };
