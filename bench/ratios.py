@@ -52,6 +52,16 @@ GOALS = [
      ["rawPipe"], "the same bytes on pipes", 1.15, 1.08),
     ("brokered_shapes", "broker, 1,000 shapes, 200 times", "evaluateAndVisit/broker",
      ["evaluateAndVisit/here"], "plug-in in this process", None, None),
+    ("description", "description, 1,100,000 shapes", "describe",
+     ["appendByHand"], "the same, appended by hand", 1.8, 1.3),
+    ("description", "description, 1,100,000 shapes", "describe",
+     ["libxml"], "libxml2", 0.25, 0.18),
+    ("message_lines", "1,000,000 new lines", "addNew/1000000",
+     ["insertNew/1000000"], "std::unordered_set", 0.6, 0.5),
+    ("message_lines", "1,000,000 known lines", "addKnown/1000000",
+     ["insertNew/1000000"], "std::unordered_set, new", None, None),
+    ("message_lines", "1,000 lines, 1,000 times", "addRepeated/1000000",
+     ["insertNew/1000000"], "std::unordered_set, new", 0.15, 0.12),
     ("design_size", "file, bytes for a shape", "file",
      ["klayout_size_gds2"], "GDS2", 0.35, None),
     ("design_size", "file, bytes for a shape", "file",
@@ -60,8 +70,17 @@ GOALS = [
      ["klayout_memory_gds2"], "KLayout", 1.6, 1.2),
 ]
 
-# Growth: how the ratio at 100,000 ports stands to that at 25,000.
-GROWTH = ("add_ports", "growth from 25,000 ports", "addPortsAndVisit", "mapsAndVisit", 1.2)
+# Growth: how the ratio at many stands to that at few.
+# (program, what is measured, ours, anchor, its name, few, many, goal)
+GROWTH = [
+    ("add_ports", "growth from 25,000 ports", "addPortsAndVisit", "mapsAndVisit", "hash maps",
+     25000, 100000, 1.2),
+    ("message_lines", "growth from 100,000 lines", "addNew", "insertNew", "std::unordered_set",
+     100000, 1000000, 1.2),
+]
+
+# Peak memory of the description, for each byte of its text.
+PEAK = ("description", "memory", 1.1)
 
 # Evaluations in one repetition of the broker's line.
 BROKERED = ("brokered_shapes", "evaluateAndVisit/broker", 200)
@@ -107,12 +126,19 @@ def rows(medians):
         ratio = mine / min(theirs)
         yield (what, name, number(mine), number(min(theirs)), number(ratio, 3), number(goal),
                number(stretch), verdict(ratio, goal, stretch))
-    program, what, ours, anchor, goal = GROWTH
-    few, many = (medians.get((program, f"{ours}/{n}"), 0) / medians[program, f"{anchor}/{n}"]
-                 if (program, f"{anchor}/{n}") in medians else 0 for n in (25000, 100000))
-    if few and many:
-        yield (what, "hash maps", number(many), number(few), number(many / few, 3), number(goal),
-               "", verdict(many / few, goal, None))
+    for program, what, ours, anchor, name, few, many, goal in GROWTH:
+        if any((program, f"{each}/{n}") not in medians
+               for each in (ours, anchor) for n in (few, many)):
+            continue
+        small, large = (medians[program, f"{ours}/{n}"] / medians[program, f"{anchor}/{n}"]
+                        for n in (few, many))
+        yield (what, name, number(large), number(small), number(large / small, 3), number(goal),
+               "", verdict(large / small, goal, None))
+    program, name, goal = PEAK
+    if (program, name) in medians:
+        peak = medians[program, name]
+        yield ("description, peak memory", "its text", "", "", number(peak, 3), number(goal), "",
+               verdict(peak, goal, None))
 
 
 def main():

@@ -43,4 +43,65 @@ private:
     msgCollector& collector_;
 };
 
+/// Records group definitions that a database has otherwise than the session.
+class msgGroupDefObserver : public oa::oaVersionedObserver<oa::oaGroupDef, 0> {
+public:
+    explicit msgGroupDefObserver(msgCollector& collector);
+
+    void onConflict(const oa::oaString& name, oa::oaType type) override;
+
+private:
+    msgCollector& collector_;
+};
+
+/// Records application-defined values that a database has otherwise than the session.
+class msgAppDefObserver : public oa::oaVersionedObserver<oa::oaAppDef, 0> {
+public:
+    explicit msgAppDefObserver(msgCollector& collector);
+
+    void onConflict(const oa::oaString& name, oa::oaType type) override;
+
+private:
+    msgCollector& collector_;
+};
+
+/// Records derived layer definitions that a technology has otherwise than the session.
+class msgDerivedLayerDefObserver : public oa::oaVersionedObserver<oa::oaDerivedLayerDef, 0> {
+public:
+    explicit msgDerivedLayerDefObserver(msgCollector& collector);
+
+    void onConflict(const oa::oaString& name) override;
+
+private:
+    msgCollector& collector_;
+};
+
+/// Records parameters of derived layers that a technology has otherwise than the session.
+class msgDerivedLayerParamDefObserver
+    : public oa::oaVersionedObserver<oa::oaDerivedLayerParamDef, 0> {
+public:
+    explicit msgDerivedLayerParamDefObserver(msgCollector& collector);
+
+    void onConflict(const oa::oaString& name, oa::oaType valueType) override;
+
+private:
+    msgCollector& collector_;
+};
+
+/// Records technologies that contradict one another.
+class msgTechObserver : public oa::oaVersionedObserver<oa::oaTech, 2> {
+public:
+    explicit msgTechObserver(msgCollector& collector);
+
+    void onConflict(oa::oaTech* mostDerivedTech, oa::oaTechConflictTypeEnum conflictType,
+                    oa::oaObjectArray conflictingObjs) override;
+    void onProcessFamilyConflict(const oa::oaTechArray& conflictingTechs) override;
+    void onExcludedLayerConflict(oa::oaTech* mostDerivedTech,
+                                 const oa::oaPhysicalLayer* excludingLayer,
+                                 const oa::oaLayer* excludedLayer) override;
+
+private:
+    msgCollector& collector_;
+};
+
 } // namespace ovalis
