@@ -4,6 +4,7 @@
 // "briefly" makes the file that the third argument names, and waits to be killed or for a second.
 
 #include "dm/src/edit_lock.h"
+#include "oa/oaAppDef.h"
 #include "oa/oaDM.h"
 #include "platform/file.h"
 #include "platform/text.h"
@@ -18,6 +19,14 @@ namespace {
 
 oaLib* openLibrary(const std::string& path) {
     return oaLib::open(oaScalarName(oaNativeNS(), "child"), path.c_str());
+}
+
+/// Saves data that hold a value of kind float named "disputed".
+bool saveData(const std::string& path) {
+    oaDMData* data = oaDMData::open(openLibrary(path), 'w');
+    oaFloatAppDef<oaDMData>::get("disputed")->set(data, 0.5f);
+    data->save();
+    return true;
 }
 
 int tell(bool granted, const std::vector<std::string>& arguments) {
@@ -60,6 +69,8 @@ int run(const std::vector<std::string>& arguments) {
         return 10 + fileAt(path)->getLockStatus();
     if (action.ends_with("file"))
         return tell(fileAt(path)->getLock(), arguments);
+    if (action == "save-data")
+        return tell(saveData(path), arguments);
     if (action.ends_with("data"))
         return tell(openData(path), arguments);
     const bool write = action.ends_with("write");

@@ -1,6 +1,7 @@
 #include "dm_tests.h"
 
 #include "oa/oaAppDef.h"
+#include "oa/oaAppDefObserver.h"
 #include "oa/oaProps.h"
 
 using namespace oa;
@@ -77,6 +78,24 @@ TEST_F(DMDataTest, OfALibraryAreKeptInItsDirectory) {
     EXPECT_EQ(below, "text");
     EXPECT_TRUE(data->hasAppDef());
     EXPECT_EQ(oaIntAppDef<oaDMData>::get("number")->get(data), 12);
+}
+
+TEST_F(DMDataTest, HoldGroups) {
+    create("lib");
+    oaLibDMData* data = openLibData('w');
+    oaGroupMember::create(oaGroup::create(data, "first"), data);
+    oaGroup::create(data, "second");
+    data->save();
+    data->reopen('r');
+    data->revert();
+    EXPECT_EQ(data->getGroups().getCount(), 2U);
+    oaIter<oaGroup> named(data->getGroupsByName("first"));
+    const oaGroup* first = named.getNext();
+    ASSERT_NE(first, nullptr);
+    oaIter<oaGroupMember> members(first->getMembers());
+    EXPECT_EQ(members.getNext()->getObject(), data);
+    EXPECT_EQ(named.getNext(), nullptr);
+    EXPECT_TRUE(data->getGroupsByName("third").isEmpty());
 }
 
 TEST_F(DMDataTest, OfEachPartLieInItsOwnFile) {
@@ -288,6 +307,18 @@ TEST_F(DMDataTest, GoWithTheirContainer) {
     EXPECT_FALSE(ofView->isValid());
 }
 
+TEST_F(DMDataTest, OfAViewGoWithIt) {
+    oaLib* lib = createWritable("lib");
+    oaView* view = oaView::get(lib, scalarName("v"), layout);
+    oaDMData* data = oaDMData::open(view, 'w');
+    data->save();
+    EXPECT_TRUE(oaDMData::exists(view));
+    view->destroy();
+    EXPECT_FALSE(data->isValid());
+    EXPECT_FALSE(oaViewDMData::exists(scalarName("lib"), scalarName("v"), layout));
+    EXPECT_THAT(namesIn(lib->getDMFiles()), IsEmpty());
+}
+
 TEST_F(DMDataTest, NeedAccessToTheLibrary) {
     oaLib* lib = create("lib");
     oaLibDMData* data = openLibData('a');
@@ -378,6 +409,34 @@ private:
 };
 
 } // namespace
+
+namespace {
+
+class ConflictObserver : public oaObserver<oaAppDef> {
+public:
+    ConflictObserver() : oaObserver<oaAppDef>(1) {}
+
+    void onConflict(const oaString& name, oaType) override {
+        names.push_back(static_cast<const oaChar*>(name));
+    }
+
+    std::vector<std::string> names;
+};
+
+} // namespace
+
+TEST_F(DMDataTest, ThatDisagreeWithTheSessionAreReported) {
+    create("lib");
+    ASSERT_EQ(child("save-data", "lib"), 0);
+    oaIntAppDef<oaDMData>::get("disputed");
+    ConflictObserver observer;
+    oaLibDMData* data = openLibData('r');
+    EXPECT_THAT(observer.names, ElementsAre("disputed"));
+    data->revert();
+    EXPECT_THAT(observer.names, ElementsAre("disputed", "disputed"));
+    data->reopen('a');
+    EXPECT_THAT(observer.names, ElementsAre("disputed", "disputed"));
+}
 
 TEST_F(DMDataTest, AreObserved) {
     EXPECT_FALSE(oaObserver<oaDMData>::hasObservers());

@@ -61,6 +61,16 @@ oaBoolean oaDMData::isModified() const {
     return recordOf<DMDataRecord>(this).content->isModified();
 }
 
+oaCollection<oaGroup, oaDMData> oaDMData::getGroups() const {
+    return collectionOf<oaCollection<oaGroup, oaDMData>>(
+        {&recordOf<DMDataRecord>(this).content->groups.groups()});
+}
+
+oaCollection<oaGroup, oaDMData> oaDMData::getGroupsByName(const oaString& name) const {
+    return collectionOf<oaCollection<oaGroup, oaDMData>>(
+        recordOf<DMDataRecord>(this).content->groups.named(static_cast<const oaChar*>(name)));
+}
+
 oaLib* oaDMData::getLib() const {
     return recordOf<DMDataRecord>(this).container->getLib();
 }

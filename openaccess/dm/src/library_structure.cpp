@@ -122,7 +122,9 @@ std::vector<oaObject*> Library::views() {
 void Library::destroy(oaView* view) {
     for (oaObject* cellView : cellViewsOf(view))
         destroy(as<oaCellView>(cellView));
-    forgetView(slotOf(view));
+    const ObjectRef ref = locationOf(view).ref;
+    onDisk([&] { platform::removeTree(dataFileOf(ref)); });
+    forgetView(ref.slot);
 }
 
 std::uint32_t Library::viewSlot(const std::string& view, const oaViewType* viewType) {

@@ -4,6 +4,7 @@
 
 namespace OpenAccess_4 {
 
+class oaGroup;
 class oaLib;
 class oaNameSpace;
 class oaScalarName;
@@ -68,6 +69,9 @@ public:
 
     /// True when something was changed since the data were opened or saved.
     oaBoolean isModified() const;
+
+    oaCollection<oaGroup, oaDMData> getGroups() const;
+    oaCollection<oaGroup, oaDMData> getGroupsByName(const oaString& name) const;
 
     oaLib* getLib() const;
     void getLibName(oaScalarName& libName) const;
