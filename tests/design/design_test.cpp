@@ -391,6 +391,26 @@ TEST_F(OpenDesignTest, TheTechnologyIsThatOfTheLibrary) {
     EXPECT_FALSE(opened->isValid());
 }
 
+TEST_F(OpenDesignTest, TheTechnologyMayBeThatOfAnotherLibrary) {
+    makeSaved();
+    TemporaryDirectory directory;
+    const oaScalarName techName(oaNativeNS(), "techOfOthers");
+    oaLib* techLib = oaLib::create(techName, (directory.str() + "/tech").c_str());
+    oaTech* tech = oaTech::create(techLib);
+    oaTech::attach(lib, techName);
+    oaDesign* design = open("cell", 'r');
+    EXPECT_EQ(design->getTech(), tech);
+    tech->save();
+    tech->close();
+    oaTech* opened = design->getTech();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(opened->getLib(), techLib);
+    EXPECT_EQ(opened->getRefCount(), 1u);
+    techLib->close();
+    EXPECT_EQ(design->getTech(), nullptr);
+    design->close();
+}
+
 TEST_F(OpenDesignTest, ABlockGoesWithEverythingInIt) {
     oaBlock* block = makeBlock();
     addDot(block->getDesign());

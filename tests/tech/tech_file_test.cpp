@@ -2,6 +2,7 @@
 
 #include "support/files.h"
 
+#include <cstring>
 #include <filesystem>
 
 using namespace oa;
@@ -41,6 +42,20 @@ std::vector<std::string> layersOf(const oaTech* tech) {
 
 using Names = std::vector<std::string>;
 
+std::uint32_t numberAt(const std::string& file, std::size_t offset) {
+    std::uint32_t number = 0;
+    std::memcpy(&number, file.data() + offset, sizeof(number));
+    return number;
+}
+
+/// The kinds of the sections of a database file.
+std::vector<std::uint32_t> sectionsOf(const std::string& file) {
+    std::vector<std::uint32_t> kinds;
+    for (std::uint32_t i = 0; i < numberAt(file, 24); ++i)
+        kinds.push_back(numberAt(file, 48 + 48 * i));
+    return kinds;
+}
+
 // Every byte of a small database file is the business of the tests of the storage room.
 constexpr std::size_t kStep = 5;
 
@@ -53,6 +68,22 @@ TEST(TechFile, AppearsWithTheFirstSave) {
     EXPECT_TRUE(std::filesystem::exists(tech.techFile()));
     EXPECT_FALSE(tech->isModified());
     EXPECT_EQ(tech->getMode(), 'w');
+}
+
+TEST(TechFile, HasSectionsOnlyForWhatTheTechnologyUses) {
+    NewTech tech;
+    oaPhysicalLayer::create(tech, "metal", 1);
+    tech->setGateGrounded(true);
+    tech->unsetGateGrounded();
+    tech->save();
+    // The number of sections stands at byte 24, and each begins with its kind.
+    EXPECT_EQ(sectionsOf(readText(tech.techFile())),
+              (std::vector<std::uint32_t>{0x1001, 0x1002, 8, 11, 14}));
+    NewTech plain("plain");
+    oaPhysicalLayer::create(plain, "metal", 1);
+    plain->save();
+    EXPECT_EQ(sectionsOf(readText(plain.techFile())),
+              (std::vector<std::uint32_t>{0x1001, 0x1002, 8, 11}));
 }
 
 TEST(TechFile, HoldsWhatWasSavedLast) {

@@ -46,11 +46,13 @@ oaAppDef* addDef(AppDefRecord record) {
 
 /// A definition that was known from a database only becomes one of the client's class, in its
 /// place: pointers to it stay what they are.
-void giveClass(oaAppDef* def, AppDefs::Make make) {
+oaAppDef* giveClass(oaAppDef* def, AppDefs::Make make) {
     recordOf<AppDefRecord>(def).make = make;
     Slab* slab = Handles::slabOf(def);
     def->~oaAppDef();
-    Handles::setSlab(make(def), slab);
+    oaObject* object = make(def);
+    Handles::setSlab(object, slab);
+    return static_cast<oaAppDef*>(object);
 }
 
 /// The session's definition: as it is, or with the wanted default when it was known from a
@@ -88,7 +90,7 @@ oaAppDef* Session::getStoredAppDef(AppValueKind kind, std::string_view objectCla
 oaAppDef* AppDefs::find(const Request& request, Make make) {
     oaAppDef* def = Session::instance().findAppDef(request.kind, request.objectClass, request.name);
     if (def && recordOf<AppDefRecord>(def).ofDatabase)
-        giveClass(def, make);
+        return giveClass(def, make);
     return def;
 }
 
