@@ -393,9 +393,8 @@ TEST_F(OpenDesignTest, TheTechnologyIsThatOfTheLibrary) {
 
 TEST_F(OpenDesignTest, TheTechnologyMayBeThatOfAnotherLibrary) {
     makeSaved();
-    TemporaryDirectory directory;
     const oaScalarName techName(oaNativeNS(), "techOfOthers");
-    oaLib* techLib = oaLib::create(techName, (directory.str() + "/tech").c_str());
+    oaLib* techLib = oaLib::create(techName, (directory.str() + "/techOfOthers").c_str());
     oaTech* tech = oaTech::create(techLib);
     oaTech::attach(lib, techName);
     oaDesign* design = open("cell", 'r');
