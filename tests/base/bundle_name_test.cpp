@@ -114,7 +114,8 @@ TEST(BundleName, RefusesEveryOtherText) {
                              "<*2>", "()", "(a)b", "<*70000>(a,b)"})
         EXPECT_EQ(refusal([&] { oaBundleName(cdba, text); }), oaUInt4(oacBundleNameInvalid))
             << text;
-    for (const char* text : {"a", "a,b", "{}", "{a", "{a,}", "{1*a}", "{02*a}", "{a[03]}", "{a b"})
+    for (const char* text : {"a", "a,b", "{}", "{a", "{a,}", "{1*a}", "{02*a}", "{a[03]}", "{a b",
+                             "{a[3[3]}", "{2[3*a}", "{a[3:0]/b}"})
         EXPECT_EQ(refusal([&] { oaBundleName(native, text); }), oaUInt4(oacBundleNameInvalid))
             << text;
     EXPECT_EQ(refusal([] { oaBundleName(cdba, ""); }), 41u);

@@ -61,13 +61,22 @@ std::optional<std::string> takeMarkedText(std::string_view& text) {
     return bytes.empty() ? std::nullopt : std::optional(bytes);
 }
 
+/// Reads "[...]"; nothing when the text is no indices alone.
+std::optional<Indices> readIndicesAlone(std::string_view text) {
+    const std::string withBase = "x" + std::string(text);
+    std::optional<Indices> indices = readIndices(withBase, kNativeIndexMarks);
+    if (!indices || indices->base.size() != 1)
+        return std::nullopt;
+    indices->base = {};
+    return indices;
+}
+
 /// Takes "[...]"; nothing when the text starts with no indices.
 std::optional<Indices> takeIndices(std::string_view& text) {
     const std::size_t close = text.find(']');
-    if (text.empty() || text.front() != '[' || close == std::string_view::npos)
+    if (close == std::string_view::npos)
         return std::nullopt;
-    const std::string withBase = "x" + std::string(text.substr(0, close + 1));
-    std::optional<Indices> indices = readIndices(withBase, kNativeIndexMarks);
+    const std::optional<Indices> indices = readIndicesAlone(text.substr(0, close + 1));
     text.remove_prefix(close + 1);
     return indices;
 }
@@ -126,8 +135,8 @@ oaUInt4 takeRepeat(std::string_view& text) {
     const std::size_t end = text.find('*');
     if (end == std::string_view::npos || end == 0 || text.front() == '0')
         return 1;
-    const std::string digits = "x[" + std::string(text.substr(0, end)) + "]";
-    const std::optional<Indices> number = readIndices(digits, kNativeIndexMarks);
+    const std::optional<Indices> number =
+        readIndicesAlone("[" + std::string(text.substr(0, end)) + "]");
     if (!number || number->isRange || number->start < 2)
         return 1;
     text.remove_prefix(end + 1);
