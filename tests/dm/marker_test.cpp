@@ -59,7 +59,7 @@ TEST_F(MarkerTest, IsReadInEverySpellingOfXml) {
 
 TEST_F(MarkerTest, KnowsCharactersByNumber) {
     create("lib")->close();
-    put("lib/.oalib", marker("a=\"&#65;&#228;&#x20AC;&#x1f600;\""));
+    put("lib/.oalib", marker("origFileSystem=\"Unix\" a=\"&#65;&#228;&#x20AC;&#x1f600;\""));
     oaLib* lib = open("lib", "lib");
     ASSERT_TRUE(lib->getAccess(oacReadLibAccess));
     oaDMAttrArray attributes;
