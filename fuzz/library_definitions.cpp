@@ -129,11 +129,21 @@ private:
         for (std::size_t i = 0; i < members.size(); i += 2)
             members[i]->destroy();
         members = membersOf(list);
+        for (std::size_t i = 0; i < members.size(); i += 3)
+            if (members[i]->getType() == oa::oacLibDefType)
+                change(*static_cast<oa::oaLibDef*>(members[i]));
         if (inPlace || members.empty())
             return;
         members.back()->moveToFirst();
         members.front()->moveAfter(members.back());
         members.front()->moveToLast();
+    }
+
+    static void change(oa::oaLibDef& definition) {
+        definition.setLibPath("another place");
+        definition.setLibMode(oa::oacReadOnlyLibMode);
+        definition.removeLibAttribute("TMP");
+        definition.addLibAttribute("colour", "light red");
     }
 
     void forget() const {

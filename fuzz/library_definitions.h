@@ -10,8 +10,9 @@ namespace fuzz {
 /// that nothing beyond the two is touched. Answers whether the first has no syntax error.
 ///
 /// Both are opened, visited, and saved, which must give the same bytes. Then every second member
-/// is destroyed and some are moved where the order means nothing to other statements; what is saved
-/// must be read as what was in memory. Ends the process when something is not as it must be.
+/// is destroyed and some are moved where the order means nothing to other statements, and others
+/// get another path and other attributes; what is saved must be read as what was in memory. Ends
+/// the process when something is not as it must be.
 bool tryLibraryDefinitions(std::span<const std::byte> input);
 
 } // namespace fuzz

@@ -22,7 +22,7 @@ protected:
 
     /// Opens a file and answers how many members it has.
     oaUInt4 membersIn(const std::string& file) {
-        folder_ = "lists/" + file.substr(0, file.find('/')) + "/";
+        folder_ = "lists/" + file.substr(0, file.rfind('/')) + "/";
         oaLibDefList::openLibs(path("lists/" + file).c_str());
         return oaLibDefList::getTopList()->getMembers().getCount();
     }
@@ -52,6 +52,10 @@ protected:
     const EnvironmentOverride custom{"SYNOPSYS_CUSTOM_INSTALL", std::nullopt};
     const EnvironmentOverride bagTech{"BAG_TECH_CONFIG_DIR", std::nullopt};
     const EnvironmentOverride bagWork{"BAG_WORK_DIR", std::nullopt};
+
+    const std::string nangate =
+        "/home/lab.apps/vlsiapps/kits/FreePDK45/stcell/NangateOpenCellLibrary_PDKv1_3_v2010_12/"
+        "Back_End/virtuoso/NangateOpenCellLibrary";
 
 private:
     std::string folder_;
@@ -131,6 +135,76 @@ TEST_F(RealLibDefTest, OfAGeneratorIncludesThroughAVariable) {
     for (const std::string name :
          {"aib_ams", "bag3_analog", "bag3_digital", "bag3_magnetics", "bag3_testbenches", "xbase"})
         missing("cds.lib.bag", ++line, name, name + "/OA/" + name);
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfACopyOfAnAssignedListLacksTheSameVariables) {
+    EXPECT_EQ(membersIn("wireline/cadence/lib.defs"), 6u);
+    unset("lib.defs", {1, 3, 5, 7}, "CDSHOME");
+    unset("lib.defs", {9, 11}, "PDK_DIR");
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfATeamNamesToolsKitsAndItsOwnLibraries) {
+    EXPECT_EQ(membersIn("wireline/cds.lib"), 21u);
+    // Lines 1 and 2 are comments. What a variable leads to is told when the file is read, what is
+    // missing when the libraries are opened, which is later.
+    unset("cds.lib", {3, 4, 5, 6}, "CDSHOME");
+    unset("cds.lib", {7, 8}, "PDK_DIR");
+    // The directory "cadence" is there, but none of the team's libraries in it.
+    int line = 8;
+    for (const std::string name :
+         {"tx_block", "tspc", "test_nangate_with_gpdk", "serializer", "serdes_top_level",
+          "rx_ctle_test", "mux", "inverter", "gpdk_test", "freepdk_channel_response_test",
+          "equalized_channel", "cml_driver", "channel_response", "DES"})
+        missing("cds.lib", ++line, name, "cadence/" + name);
+    missing("cds.lib", 23, "NangateOpenCellLibrary", nangate);
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, WithDefinitionsInCommentsLacksOnlyTheOthers) {
+    EXPECT_EQ(membersIn("wireline/cadence/cds.lib"), 23u);
+    unset("cds.lib", {5, 6, 7, 8}, "CDSHOME");
+    unset("cds.lib", {9, 10}, "PDK_DIR");
+    missing("cds.lib", 11, "NangateOpenCellLibrary", nangate);
+    missing("cds.lib", 14, "gpdk045", "/home/lab.apps/vlsiapps/kits/GPDK045/gpdk045_v_6_0/gpdk045");
+    // Lines 12, 26 and 28 say which libraries were removed: comments, about which nothing is said.
+    int line = 16;
+    for (const std::string name : {"freepdk_channel_response_test", "gpdk_test", "channel_response",
+                                   "tx_block", "rx_ctle_test", "test_nangate_with_gpdk",
+                                   "cml_driver", "equalized_channel", "serializer"})
+        missing("cds.lib", ++line, name, name);
+    missing("cds.lib", 27, "inverter", "inverter");
+    line = 28;
+    for (const std::string name : {"serdes_top_level", "tspc", "comparator_sa_d2s", "mux", "DES"})
+        missing("cds.lib", ++line, name, name);
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfAGeneratorWithoutItsDirectoryIncludesNothing) {
+    EXPECT_EQ(membersIn("sky130_bag3/cds.lib.core"), 12u);
+    unset("cds.lib.core", {22, 23, 24}, "CDSHOME");
+    unset("cds.lib.core", {27, 29, 30, 31, 32, 33}, "BAG_TECH_CONFIG_DIR");
+    // The include in the last line: its variable alone, not also that the file is missing. Nothing
+    // about the ASSIGN lines: the attribute DISPLAY is the tool's own, and its libraries are
+    // defined.
+    unset("cds.lib.core", {44}, "BAG_WORK_DIR");
+    const std::string nda = "/tools/commercial/skywater/swtech130/skywater-src-nda/";
+    missing("cds.lib.core", 34, "scs8hd", nda + "scs8hd/V0.0.2/oa/scs8hd");
+    missing("cds.lib.core", 35, "scs8hd_dv", nda + "scs8hd/V0.0.2/oa/scs8hd_dv");
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfGeneratorsAloneLacksTheirVariables) {
+    EXPECT_EQ(membersIn("sky130_bag3/cds.lib.bag"), 7u);
+    unset("cds.lib.bag", {1}, "BAG_TECH_CONFIG_DIR");
+    unset("cds.lib.bag", {2, 3, 4, 5, 6, 7}, "BAG_WORK_DIR");
+    expectWarnings();
+}
+
+TEST_F(RealLibDefTest, OfToolsAloneLacksTheirVariable) {
+    EXPECT_EQ(membersIn("aureo/cds.lib.core"), 3u);
+    unset("cds.lib.core", {1, 2, 3}, "CDS_HOME");
     expectWarnings();
 }
 

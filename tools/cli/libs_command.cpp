@@ -1,10 +1,10 @@
-#include <algorithm>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
 #include "cli/listed_libraries.h"
+#include "cli/text_table.h"
 
 namespace cli {
 namespace {
@@ -22,17 +22,9 @@ std::string stateOf(const ListedLibrary& library) {
 
 void writeTable(std::ostream& out, const ListedLibraries& listed) {
     std::vector<std::vector<std::string>> rows;
-    std::vector<std::size_t> widths(3);
-    for (const ListedLibrary& library : listed.libraries()) {
+    for (const ListedLibrary& library : listed.libraries())
         rows.push_back({library.name, stateOf(library), library.path, library.list});
-        for (std::size_t at = 0; at < widths.size(); ++at)
-            widths[at] = std::max(widths[at], rows.back()[at].size());
-    }
-    for (const std::vector<std::string>& row : rows) {
-        for (std::size_t at = 0; at < widths.size(); ++at)
-            out << row[at] << std::string(widths[at] - row[at].size() + 2, ' ');
-        out << row.back() << '\n';
-    }
+    writeRows(out, rows);
 }
 
 void writeJson(std::ostream& out, const ListedLibraries& listed) {
