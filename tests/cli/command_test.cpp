@@ -17,14 +17,15 @@ TEST(Command, HelpGoesToStandardOutput) {
     const Outcome help = ovalisProgram({"--help"});
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.talk, "");
-    for (const char* command : {"export", "check", "list", "libs", "draw", "copy", "pcell", "place",
-                                "evaluate", "hash", "cache", "brokers"})
+    for (const char* command : {"export", "check", "list", "libs", "describe", "report", "draw",
+                                "copy", "pcell", "place", "evaluate", "hash", "cache", "brokers"})
         EXPECT_NE(help.out.find(command), std::string::npos) << command;
 }
 
 TEST(Command, HelpOfEachCommandEndsWithAnExample) {
-    for (const std::string command : {"export", "check", "list", "libs", "draw", "copy", "pcell",
-                                      "place", "evaluate", "hash", "cache", "brokers"}) {
+    for (const std::string command :
+         {"export", "check", "list", "libs", "describe", "report", "draw", "copy", "pcell", "place",
+          "evaluate", "hash", "cache", "brokers"}) {
         const Outcome help = ovalisHere({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_NE(help.out.find("Example:\n  ovalis " + command + " "), std::string::npos)

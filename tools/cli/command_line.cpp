@@ -76,6 +76,8 @@ struct Options {
     FilesOptions files;
     LocksOptions locks;
     LibsOptions libs;
+    DescribeOptions describe;
+    ReportOptions report;
     DrawOptions draw;
     CopyOptions copy;
     EvaluateOptions evaluate;
@@ -257,6 +259,33 @@ void addBrokers(CLI::App& app, Options& options, Console& console, int& status) 
     command.callback([&] { status = brokersCommand(options.brokers, console); });
 }
 
+void addDescribe(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "describe", "Describe a library, a cell or a cell view as text",
+                   "ovalis describe trial spiral_39n layout -o spiral_39n.txt");
+    addLibrary(command, options.describe.library);
+    command.add_option("CELL", options.describe.cell, "Only this cell");
+    command.add_option("VIEW", options.describe.view, "Only this view of the cell");
+    command.add_option("-o", options.describe.outputFile, "File to write; standard output without")
+        ->type_name("FILE");
+    command.callback([&] { status = describeCommand(options.describe, console); });
+}
+
+void addReport(CLI::App& app, Options& options, Console& console, int& status) {
+    CLI::App& command =
+        addCommand(app, "report", "Report what the database warns of when designs are opened",
+                   "ovalis report trial --origins Pcell:Tech");
+    addLibrary(command, options.report.library);
+    command.add_option("CELL", options.report.cell, "Only a design of this cell");
+    command.add_option("VIEW", options.report.view, "The view of the cell");
+    command
+        .add_option("--origins", options.report.origins,
+                    "What to report, as in TESSA_OAINFO, which counts without")
+        ->type_name("LIST");
+    command.add_flag("--json", options.report.json, "Write JSON for programs");
+    command.callback([&] { status = reportCommand(options.report, console); });
+}
+
 } // namespace
 
 int run(const std::vector<std::string>& arguments, Console& console) {
@@ -281,6 +310,8 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     addLibsCommand(app, options, console, status);
     addFiles(app, options, console, status);
     addLocks(app, options, console, status);
+    addDescribe(app, options, console, status);
+    addReport(app, options, console, status);
     addDraw(app, options, console, status);
     addCopy(app, options, console, status);
     addMakePcell(app, options, console, status);

@@ -38,6 +38,24 @@ struct LibsOptions {
     bool json = false;
 };
 
+struct DescribeOptions {
+    LibraryOptions library;
+    /// Empty for the whole library, for all views of the cell.
+    std::string cell;
+    std::string view;
+    std::string outputFile;
+};
+
+struct ReportOptions {
+    LibraryOptions library;
+    /// Both empty for all designs.
+    std::string cell;
+    std::string view;
+    /// As the environment variable of the collector; that is taken when empty.
+    std::string origins;
+    bool json = false;
+};
+
 struct DrawOptions {
     CellViewOptions design;
     /// The top library list; the library's own `lib.defs` when empty.
@@ -143,6 +161,13 @@ int filesCommand(const FilesOptions& options, Console& console);
 
 /// Lists who holds locks on a library and its files; clears those that nobody holds any more.
 int locksCommand(const LocksOptions& options, Console& console);
+
+/// Describes a library, a cell or a cell view as text.
+int describeCommand(const DescribeOptions& options, Console& console);
+
+/// Opens a library, or one design, and reports what the database warns of; `somethingMissing` when
+/// there are errors or a design cannot be opened.
+int reportCommand(const ReportOptions& options, Console& console);
 
 /// Draws a design as SVG.
 int drawCommand(const DrawOptions& options, Console& console);
