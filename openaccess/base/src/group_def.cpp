@@ -52,8 +52,8 @@ const GroupDefRecord& recordOf(const oaGroupDef* def) {
 template <class Enum>
 std::vector<Enum> inOrder(std::vector<Enum> values) {
     std::ranges::sort(values);
-    const auto repeated = std::ranges::unique(values);
-    values.erase(repeated.begin(), repeated.end());
+    // Clang of this age does not take what std::ranges::unique() answers.
+    values.erase(std::unique(values.begin(), values.end()), values.end());
     return values;
 }
 
