@@ -67,6 +67,17 @@ TEST_F(MarkerTest, KnowsCharactersByNumber) {
     EXPECT_EQ(attributes[2].getValue(), "A\u00e4\u20ac\U0001f600");
 }
 
+TEST_F(MarkerTest, OfAnUnknownSystemCanBeWrittenAgain) {
+    create("lib")->close();
+    put("lib/.oalib", marker("origFileSystem=\"VMS\""));
+    oaLib* lib = open("lib", "lib");
+    ASSERT_TRUE(lib->getAccess(oacWriteLibAccess));
+    oaDMAttrArray attributes;
+    lib->getAttributes(attributes);
+    lib->setAttributes(attributes);
+    EXPECT_THAT(markerOf("lib"), HasSubstr("origFileSystem=\"VMS\""));
+}
+
 TEST_F(MarkerTest, NamesTheFileAndWhatIsWrongWithIt) {
     const struct {
         std::string text;

@@ -7,8 +7,8 @@
 
 namespace OpenAccess_4::impl {
 
-/// The native spelling of the name of a library, a cell or a view, or of the base of a vector, which
-/// lasts as long as the name; empty for an empty one.
+/// The native spelling of the name of a library, a cell or a view, or of the base of a vector,
+/// which lasts as long as the name; empty for an empty one.
 std::string_view scalarText(const oaScalarName& name);
 
 /// What is kept of a name that may be one of a bit or a vector: the native spelling.

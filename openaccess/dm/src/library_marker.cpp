@@ -89,9 +89,12 @@ std::string LibraryMarker::text() const {
 std::string LibraryMarker::set(const std::string& name, const std::string& value) {
     if (!platform::isXmlName(name))
         return "'" + name + "' is not a legal name of an attribute";
+    const auto found = std::ranges::find(attributes_, name, &Attributes::value_type::first);
+    // What a file of somebody else says may be said again.
+    if (found != attributes_.end() && found->second == value)
+        return {};
     if (std::string wrong = wrongValue(name, value); !wrong.empty())
         return wrong;
-    const auto found = std::ranges::find(attributes_, name, &Attributes::value_type::first);
     if (found == attributes_.end())
         attributes_.emplace_back(name, value);
     else
