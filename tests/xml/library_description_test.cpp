@@ -170,6 +170,17 @@ TEST_F(LibraryDescription, OfATechnologyHasItsLayers) {
     tech->close();
 }
 
+TEST_F(LibraryDescription, OfAnAttachedLibraryHasTheOtherTechnology) {
+    makeTech();
+    oaLib* attached = oaLib::create(name("attached"), pathOf("attached").c_str());
+    oaTech::attach(attached, name("lib"));
+    attached->getAccess(oacReadLibAccess);
+    oaTech* tech = oaTech::open(&lib(), 'r');
+    EXPECT_EQ(xmlFormat(*attached), "<lib name=\"attached\">\n" + xmlFormat(*tech) + "</lib>\n");
+    tech->close();
+    attached->close();
+}
+
 TEST_F(LibraryDescription, OfALibraryWithoutAccessIsAFailure) {
     lib().releaseAccess();
     EXPECT_EQ(test::messageIdOf([&] { xmlFormat(lib()); }), oacLibAccessDenied);
