@@ -2,6 +2,9 @@
 
 #include "support/files.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 using namespace oa;
 using namespace ovalis::test;
 
@@ -224,4 +227,23 @@ TEST(TechRefs, MakeDerivedLayersOfLayersBelow) {
     oaDerivedLayer* both = oaDerivedLayer::create(chip, poly, metal, oacAndLayerOp, "both", 3);
     EXPECT_EQ(both->getLayer1(), poly);
     EXPECT_EQ(both->getLayer2(), metal);
+}
+
+TEST(TechRefs, AreOpenedAgainAfterAnObserverHasFailed) {
+    struct Failing : oaVersionedObserver<oaTech> {
+        Failing() : oaVersionedObserver(1) {}
+        void onPreOpenRefs(oaTech*) override { throw std::runtime_error("no"); }
+    };
+    NewTech base("base");
+    base->save();
+    NewTech chip("chip");
+    chip->setRefs(refsTo({base}));
+    chip->save();
+    {
+        Failing failing;
+        EXPECT_THROW(chip->revert(), std::runtime_error);
+    }
+    EXPECT_EQ(base->getRefCount(), 1u);
+    chip->revert();
+    EXPECT_EQ(base->getRefCount(), 2u);
 }

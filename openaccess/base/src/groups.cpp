@@ -122,11 +122,7 @@ std::vector<std::uint32_t> Groups::membersOf(std::uint32_t group) {
 
 std::uint32_t Groups::addMember(std::uint32_t group, const ObjectRef& object) {
     database_.edit();
-    catchUp();
-    std::uint32_t rank = 0;
-    for (std::uint32_t slot = byGroup_.first(group); slot != kNone; slot = byGroup_.next(slot))
-        rank = std::max(rank, members_[slot].rank);
-    return members_.add({object, group, rank, 0});
+    return members_.add({object, group, kNone, 0});
 }
 
 void Groups::removeMember(std::uint32_t member) {
@@ -134,13 +130,13 @@ void Groups::removeMember(std::uint32_t member) {
     database_.forgetAttachments({kGroupMemberTable, member});
     catchUp();
     const GroupMemberRecord record = members_[member];
-    const bool isFirst = membersOf(record.group).front() == member;
+    const std::uint8_t when = groups_[record.group].deleteWhen;
+    const bool isFirst =
+        when == oacOnFirstGroupDeleteWhen && membersOf(record.group).front() == member;
     byGroup_.remove(record.group, member);
     byObject_.remove(record.object.key(), member);
     members_.destroy(member);
-    const std::uint8_t when = groups_[record.group].deleteWhen;
-    if ((when == oacOnFirstGroupDeleteWhen && isFirst) ||
-        (when == oacOnLastGroupDeleteWhen && byGroup_.count(record.group) == 0))
+    if (isFirst || (when == oacOnLastGroupDeleteWhen && byGroup_.count(record.group) == 0))
         destroyGroup(record.group);
 }
 

@@ -79,7 +79,7 @@ struct GroupRecord {
 struct GroupMemberRecord {
     ObjectRef object;
     std::uint32_t group = 0;
-    std::uint32_t rank = 0; // members stand by their ranks, and those of one rank by their slots
+    std::uint32_t rank = kNone; // members stand by their ranks, and those of one by their slots
     std::uint32_t leader = 0;
 
     static constexpr oaTypeEnum kType = oacGroupMemberType;

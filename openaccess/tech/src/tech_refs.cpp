@@ -68,6 +68,18 @@ void requireRef(const oaTech* tech, const oaTechArray& refs, oaUInt4 index) {
         refuse("it would refer to itself that way");
 }
 
+/// Marks a technology while those that it refers to are opened.
+class OpeningMark {
+public:
+    explicit OpeningMark(TechRecord& tech) : tech_(tech) { tech_.opening = true; }
+    ~OpeningMark() { tech_.opening = false; }
+    OpeningMark(const OpeningMark&) = delete;
+    OpeningMark& operator=(const OpeningMark&) = delete;
+
+private:
+    TechRecord& tech_;
+};
+
 void release(const std::vector<oaTech*>& held) {
     for (oaTech* ref : held)
         if (ref->isValid())
@@ -80,7 +92,7 @@ void openRefs(oaTech* tech) {
     const std::vector<oaTechHeader*> headers = headersOf(tech);
     if (headers.empty())
         return;
-    recordOf(tech).opening = true;
+    const OpeningMark mark(recordOf(tech));
     Observer::notifyPreOpenRefsObservers(tech);
     for (oaTechHeader* header : headers) {
         oaTech* open = header->getRefTech();
@@ -91,7 +103,6 @@ void openRefs(oaTech* tech) {
         else
             Observer::notifyUnboundRefObservers(tech, header);
     }
-    recordOf(tech).opening = false;
     Observer::notifyPostOpenRefsObservers(tech);
 }
 
