@@ -81,13 +81,14 @@ TEST(DerivedLayer, NeedsAsManyLayersAsItsOperation) {
 TEST(DerivedLayer, StaysWithinOneTechnology) {
     TwoLayers tech;
     NewTech other("other");
-    EXPECT_EQ(thrown<oaTechError>(oacDerivedLayerInvalid,
-                                  [&] {
-                                      oaDerivedLayer::create(other, tech.metal, tech.cut,
-                                                             oacAndLayerOp, "both", 10);
-                                  }),
-              "The derived layer 'both' cannot be made: its technology does not see a layer that it "
-              "follows from.");
+    EXPECT_EQ(
+        thrown<oaTechError>(oacDerivedLayerInvalid,
+                            [&] {
+                                oaDerivedLayer::create(other, tech.metal, tech.cut, oacAndLayerOp,
+                                                       "both", 10);
+                            }),
+        "The derived layer 'both' cannot be made: its technology does not see a layer that it "
+        "follows from.");
     EXPECT_EQ(other->getLayers().getCount(), 0u);
 }
 
