@@ -5,7 +5,8 @@
 namespace bench {
 
 /// Configures, for this process, that the types of `configString` are evaluated by a program of
-/// this build as the broker of version 6. The file goes into `directory`.
+/// this build as the broker of version 6. The file goes into `directory`, which has to
+/// be on the drive of the programs.
 void configureBroker(const std::string& directory, const std::string& program,
                      const std::string& configString);
 

@@ -2,10 +2,11 @@
 // bytes in the same two round trips on bare pipes. Runs on one core: the other end is a process.
 
 #include "broker_home.h"
+#include "clock.h"
 #include "design_library.h"
 #include "last_error.h"
-#include "measure.h"
 #include "scratch_directory.h"
+#include "workloads.h"
 
 #include "platform/pipe.h"
 #include "platform/started_process.h"
@@ -13,11 +14,10 @@
 #include <ovalis/core.h>
 
 #include <optional>
+#include <stdexcept>
 
 namespace {
 
-using bench::measure;
-using bench::require;
 using platform::PipeDirection;
 
 constexpr int kTimes = 1'000;
@@ -56,12 +56,12 @@ public:
         const platform::PipeEnd input = platform::inheritableCopy(partnersRequests);
         const platform::PipeEnd output = platform::inheritableCopy(partnersAnswers);
         platform::StartedProcess partner;
-        require(platform::startProcess(
-                    {bench::programPath("bench_pipe_partner"),
-                     {"partner", platform::pipeEndText(input), platform::pipeEndText(output)},
-                     {&input, &output}},
-                    partner),
-                true);
+        if (!platform::startProcess(
+                {bench::programPath("bench_pipe_partner"),
+                 {"partner", platform::pipeEndText(input), platform::pipeEndText(output)},
+                 {&input, &output}},
+                partner))
+            throw std::runtime_error("the partner cannot be started");
         requests_.emplace(open(requests, PipeDirection::write));
         answers_.emplace(open(answers, PipeDirection::read));
     }
@@ -88,31 +88,33 @@ std::optional<RawPipes> pipes;
 oa::oaDesign* submaster = nullptr;
 oa::IPcell* evaluator = nullptr;
 
-void brokeredEvaluation(benchmark::State& state) {
-    measure(
-        state, [] { evaluator->onEval(submaster, nullptr); },
-        [] {
-            for (int i = 0; i < kTimes; ++i)
-                evaluator->onEval(submaster, nullptr);
-        },
-        [] { require(lastError->message, std::to_string(1'000'000 + requestBytes().size())); });
+/// A figure is worth nothing when the work behind it was not done.
+void require(bool isDone) {
+    if (!isDone)
+        throw std::runtime_error("the partner has not answered as it should");
 }
 
-void rawPipe(benchmark::State& state) {
+double brokeredEvaluation() {
+    evaluator->onEval(submaster, nullptr);
+    const double start = bench::now();
+    for (int i = 0; i < kTimes; ++i)
+        evaluator->onEval(submaster, nullptr);
+    const double seconds = bench::now() - start;
+    require(lastError->message == std::to_string(1'000'000 + requestBytes().size()));
+    return seconds;
+}
+
+double rawPipe() {
     const std::string liveness(1, '\0');
     const std::string request = requestBytes();
-    std::size_t received = 0;
-    measure(
-        state, [&] { pipes->exchange(liveness); },
-        [&] {
-            for (int i = 0; i < kTimes; ++i)
-                received = pipes->exchange(liveness) + pipes->exchange(request);
-        },
-        [&] { require(received, std::size_t(27)); });
+    std::size_t received = pipes->exchange(liveness);
+    const double start = bench::now();
+    for (int i = 0; i < kTimes; ++i)
+        received = pipes->exchange(liveness) + pipes->exchange(request);
+    const double seconds = bench::now() - start;
+    require(received == 27);
+    return seconds;
 }
-
-BENCHMARK(brokeredEvaluation)->Apply(bench::once);
-BENCHMARK(rawPipe)->Apply(bench::once);
 
 /// A submaster with the parameters. Its own evaluator fails, which leaves it empty.
 oa::oaDesign* makeSubmaster() {
@@ -132,7 +134,6 @@ oa::oaDesign* makeSubmaster() {
 } // namespace
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
     const bench::ScratchDirectory directory;
     bench::configureBroker(directory / ".", "bench_pipe_partner", "failing:X");
     ovalis::initOa();
@@ -141,7 +142,8 @@ int main(int argc, char** argv) {
     evaluator = oa::oaPcellLink::find("failing")->getIPcell();
     lastError.emplace();
     pipes.emplace();
-    benchmark::RunSpecifiedBenchmarks();
+    bench::runInTurns({{"brokeredEvaluation", brokeredEvaluation}, {"rawPipe", rawPipe}}, argc,
+                      argv);
     submaster->getSuperMaster()->purge();
     lastError.reset();
     library.reset();

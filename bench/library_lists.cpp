@@ -2,9 +2,6 @@
 // by one, are loaded and listed. Anchors: the same files read and split into words, without and
 // with the list that is the result. None of the libraries is there, and their directory is looked
 // into.
-//
-// Measures by itself what the other programs leave to a library that not every system has, and
-// writes the same form of file.
 
 #include <ovalis/library_list.h>
 
@@ -12,14 +9,12 @@
 #include "platform/file.h"
 #include "platform/path.h"
 #include "scratch_directory.h"
+#include "workloads.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdio>
-#include <fstream>
-#include <iostream>
 #include <stdexcept>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -157,60 +152,15 @@ double readAndList(const std::string& file, const Found& expected) {
     return seconds;
 }
 
-struct Workload {
-    const char* name;
-    double (*run)(const std::string& file, const Found& expected);
-    std::vector<double> milliseconds;
-
-    double median() const {
-        std::vector<double> sorted = milliseconds;
-        std::ranges::sort(sorted);
-        return sorted[sorted.size() / 2];
-    }
-};
-
-void writeFigures(const std::string& file, const std::vector<Workload>& workloads) {
-    std::ofstream out(file);
-    const char* separator = "{\"benchmarks\": [\n";
-    for (const Workload& workload : workloads)
-        for (const double figure : workload.milliseconds) {
-            out << separator << R"({"run_type": "iteration", "run_name": ")" << workload.name
-                << R"(", "time_unit": "ms", "real_time": )" << figure << '}';
-            separator = ",\n";
-        }
-    out << "]}\n";
-}
-
-/// The value of an option "--NAME=VALUE"; empty without it.
-std::string option(int count, char** arguments, std::string_view name) {
-    for (int i = 1; i < count; ++i)
-        if (const std::string_view argument = arguments[i]; argument.starts_with(name))
-            return std::string(argument.substr(name.size()));
-    return "";
-}
-
 } // namespace
 
 int main(int count, char** arguments) {
-    const std::string wanted = option(count, arguments, "--benchmark_repetitions=");
-    int repetitions = 15;
-    std::from_chars(wanted.data(), wanted.data() + wanted.size(), repetitions);
     ovalis::initOa();
     const bench::ScratchDirectory directory;
     const Found expected = writeLists(directory);
-    std::vector<Workload> workloads = {{"openAndFlatten", openAndFlatten, {}},
-                                       {"readAndSplit", readAndSplit, {}},
-                                       {"readAndList", readAndList, {}}};
-    // The first one of each does not count; a slow moment hits all of them.
-    for (int i = -1; i < repetitions; ++i)
-        for (Workload& workload : workloads) {
-            const double seconds = workload.run(directory / "lib.defs", expected);
-            if (i >= 0)
-                workload.milliseconds.push_back(seconds * 1e3);
-        }
-    for (const Workload& workload : workloads)
-        std::printf("%-16s %8.2f ms %8.3f\n", workload.name, workload.median(),
-                    workloads.front().median() / workload.median());
-    if (const std::string file = option(count, arguments, "--benchmark_out="); !file.empty())
-        writeFigures(file, workloads);
+    const std::string file = directory / "lib.defs";
+    bench::runInTurns({{"openAndFlatten", [&] { return openAndFlatten(file, expected); }},
+                       {"readAndSplit", [&] { return readAndSplit(file, expected); }},
+                       {"readAndList", [&] { return readAndList(file, expected); }}},
+                      count, arguments);
 }
