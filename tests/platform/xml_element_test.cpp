@@ -44,7 +44,11 @@ TEST(XmlElement, HasAttributesAndChildren) {
 TEST(XmlElement, KnowsCharactersByNameAndByNumber) {
     EXPECT_EQ(*parseXml("<a b='&lt;&gt;&amp;&quot;&apos;&#65;&#x42;'/>").attribute("b"),
               "<>&\"'AB");
-    for (const char* wrong : {"&nbsp;", "&#0;", "&#128;", "&#x80;", "&#;", "&#-1;", "&lt", "&"})
+    EXPECT_EQ(
+        *parseXml("<a b='&#127;&#128;&#x7ff;&#x800;&#xffff;&#x10000;&#x10ffff;'/>").attribute("b"),
+        "\x7f\xc2\x80\xdf\xbf\xe0\xa0\x80\xef\xbf\xbf\xf0\x90\x80\x80\xf4\x8f\xbf\xbf");
+    for (const char* wrong : {"&nbsp;", "&#0;", "&#x110000;", "&#xd800;", "&#xdfff;", "&#;",
+                              "&#-1;", "&#99999999999;", "&lt", "&"})
         EXPECT_EQ(failureOf(std::string("<a b='") + wrong + "'/>"),
                   "line 1: unknown character entity")
             << wrong;
