@@ -2,7 +2,7 @@
 
 #include "platform/environment.h"
 #include "platform/path.h"
-#include "platform/process.h"
+#include "platform/private_directory.h"
 
 #include <fstream>
 
