@@ -1,6 +1,7 @@
 #include "library/files.h"
 
 #include <fstream>
+#include <system_error>
 
 namespace ovalis {
 
@@ -19,7 +20,8 @@ std::filesystem::path fileIn(const std::string& directory, const char* name) {
 
 bool isReadableFile(const std::filesystem::path& path) {
     // One of the systems opens directories, too.
-    return !std::filesystem::is_directory(path) && std::ifstream(path).is_open();
+    std::error_code unknown;
+    return !std::filesystem::is_directory(path, unknown) && std::ifstream(path).is_open();
 }
 
 void writeTextFile(const std::filesystem::path& path, const std::string& text) {

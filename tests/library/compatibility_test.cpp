@@ -123,6 +123,13 @@ TEST_F(Compatibility, ReportsEverythingInOrder) {
                         "lib.defs not found\n");
 }
 
+TEST_F(Compatibility, ReportsADirectoryInPlaceOfAFileAsMissing) {
+    prepareTech(true, true, -777, -778);
+    remove("lib.defs");
+    std::filesystem::create_directory(filePath("lib") / "lib.defs");
+    EXPECT_EQ(report(), "lib.defs not found\n");
+}
+
 TEST_F(Compatibility, AddsToTheTextGiven) {
     prepareTech(true, true, -777, -778);
     remove("lib.defs");
