@@ -27,6 +27,13 @@ protected:
     }
 };
 
+/// Closes each design as soon as it is open.
+class Closer : public oa::oaObserver<oa::oaDesign> {
+public:
+    Closer() : oa::oaObserver<oa::oaDesign>(1) {}
+    void onFirstOpen(oa::oaDesign* design) override { design->purge(); }
+};
+
 } // namespace
 
 TEST_F(Designs, AreCreatedForAppend) {
@@ -62,6 +69,30 @@ TEST_F(Designs, ThatAreMissingCannotBeRead) {
     EXPECT_EQ(
         failureOf([&] { openDesignWithView(lib(), "none", "layout", oa::oacMaskLayout, false); }),
         "Could not create or open design");
+}
+
+TEST_F(Designs, ThatAreClosedWhileTheyAreOpenedAreNone) {
+    saveDivider();
+    const Closer closer;
+    for (const bool write : {false, true}) {
+        EXPECT_EQ(failureOf([&] { openDesign(lib(), "divider", "layout", write); }),
+                  "Could not create or open design");
+        EXPECT_EQ(failureOf([&] {
+                      openDesignWithView(lib(), "divider", "layout", oa::oacMaskLayout, write);
+                  }),
+                  "Could not create or open design");
+    }
+}
+
+TEST_F(Designs, ThatAreClosedWhileTheyAreOpenedAreNotCopied) {
+    saveDivider();
+    closeLibrary();
+    const Closer closer;
+    EXPECT_EQ(messageIdOf([&] { copyDesign(pathOf("lib"), "divider", "layout", "copy"); }),
+              oa::oacInvalidObject);
+    EXPECT_EQ(oa::oaLib::find(oa::oaScalarName(oa::oaNativeNS(), "LogicalName")), nullptr);
+    reopen();
+    EXPECT_EQ(getCellNames(lib()), std::vector<std::string>{"divider"});
 }
 
 TEST_F(Designs, AreCreatedWithTheViewTypeAskedFor) {

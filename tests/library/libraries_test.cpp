@@ -1,5 +1,7 @@
 #include <ovalis/library.h>
 
+#include <functional>
+
 #include "support/files.h"
 #include "support/library_fixture.h"
 #include "support/text_file.h"
@@ -21,6 +23,19 @@ protected:
     bool exists(const std::string& lib, const std::string& name) const {
         return std::filesystem::exists(fileIn(lib, name));
     }
+};
+
+/// Does something as soon as a library has been created or opened.
+class Interference : public oa::oaVersionedObserver<oa::oaLib> {
+public:
+    explicit Interference(std::function<void()> action)
+        : oaVersionedObserver(1), action_(std::move(action)) {}
+
+    void onPostCreate(oa::oaLib*) override { action_(); }
+    void onPostOpen(oa::oaLib*) override { action_(); }
+
+private:
+    std::function<void()> action_;
 };
 
 oa::oaLib* openedUnder(const char* name) {
@@ -71,6 +86,36 @@ TEST_F(Libraries, ForTheCircuitDesignEnvironmentHaveDefinitions) {
     EXPECT_TRUE(exists("lib1", ".oalib"));
     EXPECT_TRUE(exists("lib1", "tech.db"));
     EXPECT_EQ(lib->getAccessLevel(), oa::oacNoLibAccessLevel);
+}
+
+TEST_F(Libraries, ForTheCircuitDesignEnvironmentReplaceDefinitionsThatAreThere) {
+    const Interference writing([&] {
+        writeText(fileIn("lib1", "lib.defs"), "DEFINE somebody_elses_library elsewhere\n");
+    });
+    createVEXCompatibleLib(pathOf("lib1"), "lib1").reset();
+    EXPECT_EQ(readText(fileIn("lib1", "lib.defs")),
+              ovalis::test::asTextFile("INCLUDE $MOLTRAX_DIR/oalibs/vex.defs\nDEFINE lib1 .\n"));
+}
+
+TEST_F(Libraries, ForTheCircuitDesignEnvironmentDoWithoutDefinitionsThatCannotBeWritten) {
+    const Interference standingInTheWay(
+        [&] { std::filesystem::create_directory(fileIn("lib1", "lib.defs")); });
+    const LibPtr lib = createVEXCompatibleLib(pathOf("lib1"), "lib1");
+    EXPECT_EQ(openedUnder("lib1"), lib.get());
+    EXPECT_NE(lib.get(), nullptr);
+    EXPECT_TRUE(std::filesystem::is_directory(fileIn("lib1", "lib.defs")));
+}
+
+TEST_F(Libraries, FailWithTheTextAndNumberOfAPlugIn) {
+    createLib(pathOf("a"), "lib_a").reset();
+    const Interference failing([] { throw oaCommon::ExceptionBase(-5, "größer als erlaubt"); });
+    EXPECT_EQ(messageIdOf([&] { static_cast<void>(openLib(pathOf("a"), false, "lib_a")); }), -5);
+    oa::oaLib* stillOpen = openedUnder("lib_a"); // nothing is rolled back
+    ASSERT_NE(stillOpen, nullptr);
+    stillOpen->close();
+    EXPECT_EQ(failureOf([&] { static_cast<void>(createLib(pathOf("b"), "lib_b")); }),
+              "database: größer als erlaubt");
+    openedUnder("lib_b")->close();
 }
 
 TEST_F(Libraries, AreOpenedWithTheAccessAskedFor) {

@@ -49,6 +49,13 @@ protected:
     LayerParam layer_{"layer", 7};
 };
 
+/// Fails when a design is saved, as a plug-in does.
+class FailingSave : public oa::oaObserver<oa::oaDesign> {
+public:
+    FailingSave() : oa::oaObserver<oa::oaDesign>(1) {}
+    void onPreSave(oa::oaDesign*) override { throw oaCommon::ExceptionBase(-9, "nicht heute"); }
+};
+
 std::string evaluatorOf(const oa::oaDesign& design) {
     oa::oaString name;
     design.getPcellEvaluatorName(name);
@@ -223,6 +230,26 @@ TEST_F(Masters, RefuseAParameterThatTheDatabaseCannotTake) {
     EXPECT_EQ(failureOf([&] { makePSNPcell(layout, {&count_, &foreign}, {}); }), text);
     EXPECT_FALSE(layout.isSuperMaster());
     EXPECT_FALSE(hasItemDefinition("res"));
+}
+
+TEST_F(Masters, WriteNoItemDefinitionWhenTheyCannotBeSaved) {
+    oa::oaDesign& layout = design("res", "layout", 'w');
+    const FailingSave failing;
+    const std::string told = "database: nicht heute";
+    EXPECT_EQ(failureOf([&] { makeSKRPcell(layout, {}, CellOptions(), ""); }), told);
+    EXPECT_EQ(failureOf([&] { makePSNPcell(layout, {}, CellOptions()); }), told);
+    EXPECT_EQ(messageIdOf([&] { makePSNPcell(layout, {}, CellOptions()); }), -9);
+    EXPECT_TRUE(layout.isSuperMaster()); // nothing is rolled back
+    EXPECT_FALSE(hasItemDefinition("res"));
+}
+
+TEST_F(Masters, WriteIntoAFileThatCannotBeOpenedInVain) {
+    oa::oaDesign& layout = design("res", "layout", 'w');
+    layout.save();
+    std::filesystem::create_directory(filePath("lib") / "res" / "itemdef.skr");
+    EXPECT_EQ(messageIdOf([&] { makePSNPcell(layout, {}, CellOptions()); }), oa::oacFileOpenFailed);
+    EXPECT_TRUE(layout.isSuperMaster());
+    EXPECT_FALSE(layout.isModified());
 }
 
 TEST_F(Masters, StaySavedWhenTheItemDefinitionCannotBeWritten) {

@@ -1,5 +1,7 @@
 #include "pcell/submaster_cache.h"
 
+#include <memory>
+
 #include "cached_pcells.h"
 
 using namespace ovalis;
@@ -43,6 +45,23 @@ TEST_P(CachedPcellsOfEachKind, AreFilledFromTheirFiles) {
     put(7);
     EXPECT_EQ(drawnWidth(open(7)), 7);
     EXPECT_EQ(notes().text(), "before: 7\nafter: 7\n");
+}
+
+TEST_P(CachedPcellsOfEachKind, FailWith1201AndWriteNothingWithoutAFileOfTheirOwn) {
+    put(7);
+    oa::oaDesign& other = design("other", "layout", 'w');
+    other.save();
+    const std::unique_ptr<oa::oaPcellDef> def(oa::oaPcellLink::getPcellDef(GetParam()));
+    oa::oaUInt4 failure = 0;
+    try {
+        def->getIPcell()->onEval(&other, def.get());
+    } catch (const oa::oaDesignError& error) {
+        failure = error.getMsgId();
+    }
+    EXPECT_EQ(failure, 1201U);
+    EXPECT_EQ(other.getTopBlock(), nullptr);
+    EXPECT_FALSE(other.isModified());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(cache()), {}), 1);
 }
 
 TEST_P(CachedPcellsOfEachKind, StayEmptyWithoutAFile) {
