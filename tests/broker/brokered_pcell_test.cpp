@@ -394,6 +394,16 @@ TEST_F(BrokeredPcellTest, TypesShareTheirBroker) {
     EXPECT_EQ(versionsStarted(), "6");
 }
 
+TEST_F(BrokeredPcellTest, ARunningBrokerIsAskedForItsLifeByEachTypeThatChoosesIt) {
+    using namespace std::string_literals;
+    useAnswerOfProbe(0);
+    tell("REQUESTS", path("requests"));
+    EXPECT_EQ(logOf(evaluator({"typeA", false, false})), "");
+    EXPECT_EQ(logOf(evaluator({"typeB", false, false})), "");
+    EXPECT_EQ(ovalis::test::readText(path("requests")), "\0\3typeA\0\0\3typeB\0"s);
+    EXPECT_EQ(versionsStarted(), "6");
+}
+
 TEST_F(BrokeredPcellTest, FourBrokersRunSideBySide) {
     std::vector<Evaluator> evaluators;
     for (const std::uint32_t version : {5U, 6U}) {

@@ -2,7 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <oa/oaDesignDB.h>
+
+#include "broker/registration.h"
 #include "platform/system_log.h"
+#include "support/environment_override.h"
 
 namespace pcellBrokerClient::test {
 
@@ -22,6 +26,20 @@ TEST(Log, LinesGoToStandardErrorAndToTheSystemsLogOfOneSource) {
     EXPECT_THAT(systemLog().errors, ElementsAre(first, second));
     // Also when other tests of this process have logged before.
     EXPECT_EQ(systemLog().sources, ovalis::test::onceRegistered("pcellBrokerClient"));
+}
+
+TEST(Log, HasTheLinesOfARegistrationThatFails) {
+    const ovalis::test::EnvironmentOverride home("PCELLBROKER_HOME", std::nullopt);
+    oa::oaDesignInit();
+    systemLog().errors.clear();
+    testing::internal::CaptureStderr();
+    ovalis::registerPcellEvaluators();
+    std::string printed = testing::internal::GetCapturedStderr();
+    std::erase(printed, '\r');
+    const std::string line =
+        "pcellBrokerClient: registerPcellEvaluators: PCELLBROKER_HOME is not set";
+    EXPECT_EQ(printed, line + "\n");
+    EXPECT_THAT(systemLog().errors, ElementsAre(line));
 }
 
 } // namespace pcellBrokerClient::test

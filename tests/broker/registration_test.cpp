@@ -151,4 +151,14 @@ TEST_F(Registration, BrokersAreSetUpAgainWhenLibrariesChange) {
                               "\0"s + setUp() + "\2" + std::string(full) + "\0"s + evaluation);
 }
 
+TEST_F(Registration, EveryRunningBrokerIsSetUpAgainWhenLibrariesChange) {
+    configure("CONFIG=typeA:X,typeB:EX\n");
+    result({"register", "evaluate:typeA", "evaluate:typeB", "evaluate:typeA", "create:new",
+            "evaluate:typeA", "evaluate:typeB", "evaluate:typeB"});
+    const std::string plain = "\0"s + evaluation;
+    const std::string withSetUp = "\0"s + setUp() + evaluation;
+    EXPECT_EQ(requests(), "\0\3typeA\0"s + withSetUp + "\0\3typeB\0"s + withSetUp + plain +
+                              withSetUp + withSetUp + plain);
+}
+
 } // namespace pcellBrokerClient::test

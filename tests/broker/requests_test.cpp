@@ -184,6 +184,74 @@ TEST_F(Requests, AnswersThatEndEarlyAreFailuresOfTheStreamAndBreakTheConnection)
     }
 }
 
+// The answers are: alive, status, the path.
+TEST_F(Requests, ResultsWhoseAnswerEndsEarlyAreLeftAlone) {
+    const std::string result = resultFile(70);
+    tell("EVALUATED", result);
+    oa::oaDesign& subject = design("cell");
+    const std::size_t whole = 2 + result.size() + 1;
+    for (std::size_t bytes = 1; bytes < whole; ++bytes) {
+        SCOPED_TRACE(bytes);
+        tell("BYTES", std::to_string(bytes));
+        BrokerConnection connection = started("broker_exits_after_bytes");
+        EXPECT_EQ(evaluated(connection, subject), "std::streambuf::sbumpc failed");
+        EXPECT_EQ(evaluated(connection, subject), broken);
+    }
+    EXPECT_EQ(subject.getTopBlock(), nullptr);
+    EXPECT_TRUE(platform::isFile(result));
+    tell("BYTES", std::to_string(whole));
+    BrokerConnection connection = started("broker_exits_after_bytes");
+    EXPECT_EQ(evaluated(connection, subject), "none");
+    EXPECT_EQ(widthOf(subject), 70);
+    EXPECT_FALSE(platform::exists(result));
+}
+
+namespace {
+
+/// A broker that is there until some requests have been sent to it.
+class Deaf : public std::streambuf {
+public:
+    explicit Deaf(int requests) : requests_(requests) {}
+
+protected:
+    int sync() override { return requests_-- > 0 ? 0 : -1; }
+    int_type overflow(int_type c) override { return traits_type::not_eof(c); }
+
+private:
+    int requests_;
+};
+
+/// A broker that is there whenever it is asked.
+class Colons : public std::streambuf {
+protected:
+    int_type uflow() override { return ':'; }
+    int_type underflow() override { return traits_type::eof(); }
+};
+
+BrokerConnection deafAfter(int requests) {
+    BrokerConnection connection;
+    connection.key = {6, false};
+    connection.fromBroker = std::make_unique<Colons>();
+    connection.toBroker = std::make_unique<Deaf>(requests);
+    connection.alive = true;
+    return connection;
+}
+
+} // namespace
+
+TEST_F(Requests, ThatCannotBeSentAreFailuresOfTheStreamAndBreakTheConnection) {
+    const std::string unsent = "std::streambuf::pubsync failed";
+    BrokerConnection asked = deafAfter(0);
+    EXPECT_EQ(failureOf([&] { canEvaluate(asked, "type"); }), unsent);
+    EXPECT_EQ(failureOf([&] { canEvaluate(asked, "type"); }), broken);
+    BrokerConnection evaluating = deafAfter(1);
+    EXPECT_EQ(evaluated(evaluating), unsent);
+    EXPECT_TRUE(evaluating.setUpNeeded);
+    EXPECT_EQ(evaluated(evaluating), broken);
+    BrokerConnection lifeless = deafAfter(0);
+    EXPECT_EQ(evaluated(lifeless), broken);
+}
+
 TEST_F(Requests, AnswersMayComeByteByByte) {
     tell("FAILURE", "slow but sound");
     BrokerConnection connection = started("broker_answers_slowly");

@@ -174,7 +174,7 @@ TEST_F(Start, SaysSoWhenThereIsNothingToSay) {
 
 namespace {
 
-/// Fails one call, and starts no program: programs are slow to start.
+/// Fails one call, and starts no program: programs are slow to start on Windows.
 class SparingSystem : public FailingSystem {
 public:
     using FailingSystem::FailingSystem;
@@ -186,8 +186,8 @@ public:
 
 } // namespace
 
-// At every step in turn, of which there are nine; the tenth of them succeeds. Of all that come so
-// far as to start the program, one in ten does.
+// At every step in turn, of which there are nine; the tenth of them succeeds. On Windows one in ten
+// of those that come so far as to start the program does so.
 TEST_F(Start, AThousandOfThemLeaveNoHandleBehind) {
     const auto attempt = [](auto&& failingSystem) {
         BrokerConnection connection = connectionTo("broker_exits_at_once");
@@ -196,9 +196,10 @@ TEST_F(Start, AThousandOfThemLeaveNoHandleBehind) {
     attempt(FailingSystem(9));
     const std::size_t before = platform::openHandleCount();
     const auto environment = touchedVariables();
+    const bool startsAll = std::string(platform::systemName()) != "windows";
     int started = 0;
     for (int i = 0; i < 1000; ++i) {
-        const bool runs = i / 10 % 10 == 0;
+        const bool runs = startsAll || i / 10 % 10 == 0;
         started += runs ? attempt(FailingSystem(i % 10)) : attempt(SparingSystem(i % 10));
     }
     EXPECT_EQ(started, 100);

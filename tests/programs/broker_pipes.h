@@ -137,7 +137,8 @@ inline std::string evaluationAnswer(char status, const std::string& text) {
 }
 
 /// What a sound broker answers that takes every type and fails every evaluation with the text
-/// FAILURE, or with its own number and the name of the cell.
+/// FAILURE, or with its own number and the name of the cell; or that has evaluated into the file
+/// EVALUATED.
 inline std::string plainAnswer(const Request& request) {
     switch (request.command) {
     case 0:
@@ -145,6 +146,9 @@ inline std::string plainAnswer(const Request& request) {
     case 3:
         return "\1";
     case 4:
+        if (const std::string path = setting("EVALUATED"); !path.empty()) {
+            return evaluationAnswer('\1', path);
+        }
         return evaluationAnswer('\0',
                                 setting("FAILURE", std::to_string(platform::currentProcessId()) +
                                                        " " + request.texts[1]));
