@@ -169,6 +169,34 @@ TEST(CacheVerify, ADesignThatCannotBeOpenedIsAFinding) {
     EXPECT_EQ(std::count(verified.out.begin(), verified.out.end(), '\n'), 1) << verified.out;
 }
 
+TEST(CacheVerify, ALibraryThatCannotBeOpenedIsAFinding) {
+    PcellPlace work;
+    const std::string list = work.path("all.defs");
+    writeText(list, "DEFINE lib lib\nDEFINE gone nowhere\nSOFTDEFINE other absent\n");
+    work.put({"--libs", list});
+    const Outcome verified = ovalisHere({"cache", "verify", "--libs", list});
+    EXPECT_EQ(verified.status, 1);
+    EXPECT_EQ(verified.talk, "looked at 1 entries and 0 instances\n");
+    EXPECT_TRUE(verified.out.starts_with("unread: ")) << verified.out;
+    EXPECT_NE(verified.out.find("library 'gone' cannot be opened"), std::string::npos);
+    EXPECT_EQ(std::count(verified.out.begin(), verified.out.end(), '\n'), 1) << verified.out;
+}
+
+TEST(CacheVerify, AListThatCannotBeReadIsAFinding) {
+    PcellPlace work;
+    const std::string list = work.path("all.defs");
+    for (const char* wrong : {"FROB\n", "INCLUDE absent.defs\n"}) {
+        writeText(list, std::string("DEFINE lib lib\n") + wrong);
+        const Outcome verified = ovalisHere({"cache", "verify", "--libs", list});
+        EXPECT_EQ(verified.status, 1) << wrong;
+        EXPECT_TRUE(verified.out.starts_with("unread: ")) << verified.out;
+        EXPECT_NE(verified.out.find("all.defs:2: "), std::string::npos) << verified.out;
+        const Outcome listed = ovalisHere({"cache", "list", "--libs", list});
+        EXPECT_EQ(listed.status, 0);
+        EXPECT_EQ(listed.talk, "remark: " + verified.out.substr(std::string("unread: ").size()));
+    }
+}
+
 TEST(CacheExplain, AHitNamesTheFile) {
     PcellPlace work;
     const std::string stored = entryPath(work.put());

@@ -34,9 +34,9 @@ struct OpenCache {
     Cache cache;
 };
 
-/// Tells the designs that cannot be looked at.
+/// Tells the libraries and designs that cannot be looked at.
 std::vector<CacheUse> usesIn(const OpenLibraries& libraries, Console& console) {
-    std::vector<std::string> remarks;
+    std::vector<std::string> remarks = libraries.unopened();
     std::vector<CacheUse> uses = evaluation::cacheUses(libraries.all(), remarks);
     for (const std::string& remark : remarks)
         console.talk << "remark: " << remark << '\n';
@@ -135,12 +135,12 @@ int cacheListCommand(const CacheOptions& options, Console& console) {
 int cacheVerifyCommand(const CacheOptions& options, Console& console) {
     return calling([&] {
         const OpenCache open(options);
-        std::vector<std::string> unread;
+        std::vector<std::string> unread = open.libraries.unopened();
         const std::vector<CacheUse> uses = evaluation::cacheUses(open.libraries.all(), unread);
         const std::vector<Cache::Entry> entries = open.cache.entries();
-        // What a design needs that cannot be opened may be missing too.
-        for (const std::string& design : unread)
-            console.out << "unread: " << design << '\n';
+        // What a library or design needs that cannot be opened may be missing too.
+        for (const std::string& reason : unread)
+            console.out << "unread: " << reason << '\n';
         std::size_t findings = unread.size();
         if (!entries.empty()) {
             evaluation::EntryReader reader;

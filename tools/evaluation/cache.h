@@ -53,7 +53,7 @@ struct CacheUse {
 };
 
 /// Every such instance in the designs of these libraries, in the order of their names. What cannot
-/// be looked at is told in `remarks`, one text each.
+/// be looked at is added to `remarks`, one text each.
 std::vector<CacheUse> cacheUses(const std::vector<oa::oaLib*>& libraries,
                                 std::vector<std::string>& remarks);
 

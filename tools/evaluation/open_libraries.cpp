@@ -13,17 +13,22 @@ namespace {
 /// Keeps what the database finds wrong while a list is loaded.
 class WarningLog : public oa::oaObserver<oa::oaLibDefList> {
 public:
-    explicit WarningLog(std::vector<std::string>& warnings)
-        : oa::oaObserver<oa::oaLibDefList>(1), warnings_(warnings) {}
+    WarningLog(std::vector<std::string>& warnings, std::vector<std::string>& unopened)
+        : oa::oaObserver<oa::oaLibDefList>(1), warnings_(warnings), unopened_(unopened) {}
 
     oa::oaBoolean onLoadWarnings(oa::oaLibDefList*, const oa::oaString& message,
-                                 oa::oaLibDefListWarningTypeEnum) override {
+                                 oa::oaLibDefListWarningTypeEnum type) override {
         warnings_.push_back(ovalis::fromOa(message));
+        if (type == oa::oacSyntaxErrorLibDefListWarning ||
+            type == oa::oacCannotOpenIncludeLibDefListWarning ||
+            type == oa::oacCannotOpenLibLibDefListWarning)
+            unopened_.push_back(warnings_.back());
         return true;
     }
 
 private:
     std::vector<std::string>& warnings_;
+    std::vector<std::string>& unopened_;
 };
 
 std::vector<oa::oaLib*> openLibs() {
@@ -81,7 +86,7 @@ std::vector<oa::oaLib*> OpenLibraries::all() const {
 
 void OpenLibraries::openList(const std::string& listFile) {
     calling([&] {
-        const WarningLog log(warnings_);
+        const WarningLog log(warnings_, unopened_);
         oa::oaLibDefList::openLibs(ovalis::toOa(listFile));
         const oa::oaLibDefList* list = oa::oaLibDefList::getTopList();
         oa::oaString path;

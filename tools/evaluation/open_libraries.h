@@ -38,6 +38,10 @@ public:
     /// What the database found wrong in the list, one text each.
     const std::vector<std::string>& warnings() const { return warnings_; }
 
+    /// Those of the warnings that tell of libraries which the list defines and which are not open:
+    /// one that cannot be opened, an included file that cannot be read, and what is no statement.
+    const std::vector<std::string>& unopened() const { return unopened_; }
+
     /// Every library that is open because of this object, the listed ones first.
     std::vector<oa::oaLib*> all() const;
 
@@ -48,6 +52,7 @@ private:
     std::vector<oa::oaLib*> before_;
     std::string listPath_;
     std::vector<std::string> warnings_;
+    std::vector<std::string> unopened_;
     oa::oaLib* library_ = nullptr;
 };
 
