@@ -390,6 +390,23 @@ TEST(Evaluate, WritesJsonForPrograms) {
     })"));
 }
 
+TEST(Evaluate, JsonHasATextForWhatIsNoNumber) {
+    PcellPlace work;
+    const std::string library = work.path("more");
+    ASSERT_EQ(ovalisHere({"pcell", library, "pad", "layout", "PSNPcell", "--param", "w:double=0.1",
+                          "--param", "h:float=0.1"})
+                  .status,
+              0);
+    const auto valuesOf = [&](const char* w, const char* h) {
+        const Outcome told = ovalisHere(
+            {"evaluate", library, "pad", "layout", "--json", "--param", w, "--param", h});
+        const nlohmann::json params = nlohmann::json::parse(told.out)["parameters"];
+        return nlohmann::json{params[0]["value"], params[1]["value"]};
+    };
+    EXPECT_EQ(valuesOf("w=nan", "h=-inf"), (nlohmann::json{"nan", "-inf"}));
+    EXPECT_EQ(valuesOf("w=inf", "h=0.5"), (nlohmann::json{"inf", 0.5}));
+}
+
 TEST(Evaluate, JsonOfAFailureHasWhatTheObserversWereTold) {
     PcellPlace work;
     const EnvironmentOverride list("MOLTRAX_DIR", std::nullopt);

@@ -83,14 +83,19 @@ void writeTable(std::ostream& out, const PcellTarget& target, const Evaluation& 
     row("time", numberText(std::round(result.time.count() * 1000) / 1000) + " ms");
 }
 
+/// JSON has no number for what is none, or infinite: the text that `--param` takes stands for it.
+Json jsonOf(double value, const oa::oaParam& param) {
+    return std::isfinite(value) ? Json(value) : Json(evaluation::valueOf(param));
+}
+
 Json jsonOf(const oa::oaParam& param) {
     switch (param.getType()) {
     case oa::oacIntParamType:
         return param.getIntVal();
     case oa::oacFloatParamType:
-        return param.getFloatVal();
+        return jsonOf(param.getFloatVal(), param);
     case oa::oacDoubleParamType:
-        return param.getDoubleVal();
+        return jsonOf(param.getDoubleVal(), param);
     case oa::oacBooleanParamType:
         return param.getBooleanVal() != 0;
     case oa::oacTimeParamType:
