@@ -234,6 +234,24 @@ TEST_P(EvaluationTest, SaysWhyTheSetUpFailed) {
     EXPECT_NE(answer.text.find("missing.defs"), std::string::npos) << answer.text;
 }
 
+TEST_P(EvaluationTest, SaysWhichPartsOfTheSetUpFailed) {
+    const auto broker = start();
+    EXPECT_TRUE(broker->send(setWorkingDirectory(pathOf("nowhere"))));
+    EXPECT_EQ(drawingIn(perform(*broker, "draw")), simple);
+    EXPECT_TRUE(broker->send(setWorkingDirectory(pathOf("nowhere")) +
+                             setLibraryDefinitions(pathOf("missing.defs"))));
+    const std::string both = perform(*broker, "draw").text;
+    EXPECT_NE(both.find("nowhere"), std::string::npos) << both;
+    EXPECT_NE(both.find("missing.defs"), std::string::npos) << both;
+    EXPECT_TRUE(broker->send(setLibraryDefinitions(pathOf("lib.defs"))));
+    const std::string first = perform(*broker, "fail as usual").text;
+    EXPECT_TRUE(first.starts_with(error(oacPcellEvalError, "the width is too small\n"))) << first;
+    EXPECT_NE(first.find("nowhere"), std::string::npos) << first;
+    EXPECT_TRUE(broker->send(setUp()));
+    EXPECT_EQ(failure(*broker, "fail as usual"),
+              error(oacPcellEvalError, "the width is too small"));
+}
+
 TEST_P(EvaluationTest, MayTalkWithoutBeingTakenForAnAnswer) {
     const auto broker = start();
     EXPECT_EQ(drawingIn(perform(*broker, "say")), (Drawing{{10}, {{"action", "say"}}}));

@@ -121,10 +121,15 @@ TEST_F(TechMessages, TellOfEachTechnologyOfAnotherProcessFamily) {
                            "    metal|rf28\n");
 }
 
-TEST_F(TechMessages, TellOfProcessFamiliesInTheOrderGiven) {
+// "chip" has the family of "metal" from there, which is not its own.
+TEST_F(TechMessages, TellOfOwnProcessFamiliesInTheOrderGiven) {
+    metal()->setProcessFamily("rf28");
+    refer();
+    oaString inherited;
+    chip()->getProcessFamily(inherited);
+    EXPECT_EQ(inherited, "rf28");
     const Setting setting("Tech");
     const msgCollector collector;
-    metal()->setProcessFamily("rf28");
     oaTechArray techs;
     for (oaTech* tech : {metal(), chip(), base()}) {
         techs.append(tech);

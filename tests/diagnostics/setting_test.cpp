@@ -58,6 +58,7 @@ TEST(Setting, OfUnknownNamesTouchesABitThatNoOriginUses) {
     EXPECT_EQ(activeUnder("pcell"), Origins{12});
     EXPECT_EQ(activeUnder("Pcell "), Origins{12});
     EXPECT_EQ(activeUnder("Unknown:Tech"), (Origins{10, 12}));
+    EXPECT_EQ(activeUnder(""), Origins{12});
     EXPECT_EQ(activeUnder(":"), Origins{12});
     EXPECT_EQ(activeUnder("Tech:"), (Origins{10, 12}));
     EXPECT_EQ(activeUnder("Tech::Pcell"), (Origins{4, 10, 12}));

@@ -183,16 +183,25 @@ Evaluation::Evaluation(std::string brokerName) : name(std::move(brokerName)) {
 }
 
 void Evaluation::setUp(const Request& request) {
-    setUpFailure.clear();
+    const bool isDirectory = request.command == Command::setWorkingDirectory;
+    std::string& failure = isDirectory ? directoryFailure : librariesFailure;
+    failure.clear();
     try {
-        if (request.command == Command::setWorkingDirectory)
+        if (isDirectory)
             platform::setCurrentDirectory(request.text);
         else
             openLibraries(request.text);
     } catch (...) {
-        setUpFailure = messageOf(name);
-        say(setUpFailure);
+        failure = messageOf(name);
+        say(failure);
     }
+}
+
+std::string Evaluation::failureOfSetUp() const {
+    std::string all;
+    for (const std::string& failure : {directoryFailure, librariesFailure})
+        all += failure.empty() ? "" : "\n" + failure;
+    return all;
 }
 
 // Libraries that the list does not name any more are closed as well.
@@ -219,8 +228,7 @@ Answer Evaluation::evaluate(const Request& request, const std::string& resultPat
         evaluateInto(request, resultPath);
         return {true, {}};
     } catch (...) {
-        const std::string message = messageOf(name);
-        return {false, setUpFailure.empty() ? message : message + "\n" + setUpFailure};
+        return {false, messageOf(name) + failureOfSetUp()};
     }
 }
 

@@ -26,8 +26,11 @@ public:
 private:
     void openLibraries(const std::string& definitions);
 
+    std::string failureOfSetUp() const;
+
     std::string name;
-    std::string setUpFailure;
+    std::string directoryFailure; ///< why the last working directory is not that of this process
+    std::string librariesFailure; ///< why the last library definitions are not loaded
 };
 
 } // namespace broker
