@@ -134,6 +134,20 @@ TEST_F(Description, OfOtherShapesHasNoGeometry) {
               "");
     EXPECT_EQ(geometry(oaArc::create(block(), 1, 2, oaBox(0, 0, 9, 9), 0, 1), "Arc"), "");
     EXPECT_EQ(geometry(oaDonut::create(block(), 1, 2, oaPoint(0, 0), 9, 3), "Donut"), "");
+    EXPECT_EQ(geometry(oaEvalText::create(block(), 1, 2, "1 + 1", oaPoint(0, 0),
+                                          oacLowerLeftTextAlign, oacR0, oacRomanFont, 10),
+                       "EvalText"),
+              "");
+    oaNet* net = oaNet::create(block(), oaName(oaNativeNS(), "n"));
+    EXPECT_EQ(
+        geometry(oaAttrDisplay::create(net, oaNetAttrType(oacNameNetAttrType), 1, 2, oaPoint(0, 0),
+                                       oacLowerLeftTextAlign, oacR0, oacRomanFont, 10),
+                 "AttrDisplay"),
+        "");
+    EXPECT_EQ(geometry(oaPropDisplay::create(oaIntProp::create(net, "p", 1), 1, 2, oaPoint(0, 0),
+                                             oacLowerLeftTextAlign, oacR0, oacRomanFont, 10),
+                       "PropDisplay"),
+              "");
 }
 
 TEST_F(Description, OfAShapeHasItsValues) {

@@ -27,8 +27,19 @@ void drawShapes(oaBlock* block) {
     oaDot::create(block, 3, 1, oaPoint(5, 6));
     oaText::create(block, 3, 1, "<\"größe\">", oaPoint(7, 8), oacCenterCenterTextAlign, oacR90,
                    oacRomanFont, 10);
+    oaEvalText::create(block, 3, 1, "1 + <1>", oaPoint(40, 40), oacLowerLeftTextAlign, oacR0,
+                       oacRomanFont, 2);
     oaRect* marked = oaRect::create(block, 4, 1, oaBox(100, 100, 110, 110));
     oaIntAppDef<oaRect>::get("described mark")->set(marked, 1);
+}
+
+/// Draws what shows an attribute and a property of a net.
+void drawDisplays(oaBlock* block) {
+    oaNet* net = oaNet::create(block, oaName(oaNativeNS(), "shown"));
+    oaAttrDisplay::create(net, oaNetAttrType(oacNameNetAttrType), 3, 1, oaPoint(40, 50),
+                          oacLowerLeftTextAlign, oacR0, oacRomanFont, 2);
+    oaPropDisplay::create(oaIntProp::create(net, "width", 7), 3, 1, oaPoint(40, 60),
+                          oacLowerLeftTextAlign, oacR0, oacRomanFont, 2);
 }
 
 void addProps(oaObject* object) {
@@ -82,6 +93,7 @@ void DescribedLibrary::makeLeaf() {
     drawShapes(block);
     addProps(block->getDesign());
     connect(block);
+    drawDisplays(block);
     oaStringAppDef<oaDesign>::get("described owner")->set(block->getDesign(), "us");
     finish(block);
 }

@@ -137,7 +137,7 @@ TEST_F(DesignDescription, OfInstancesTellsScalarOnesMore) {
               "scalar instance origin = 100,200\n"
               "scalar instance orient = R90\n"
               "scalar instance block bbox = <box upperLeft=\"0,110\" lowerRight=\"110,-19\"/>\n"
-              "scalar instance block # shapes = 13\n"
+              "scalar instance block # shapes = 16\n"
               "</processInst>\n"
               "<processInst>\n"
               "name = array\n"
