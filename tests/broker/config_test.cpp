@@ -186,6 +186,20 @@ TEST_F(Config, PathsAreBelowTheDirectoryWhateverTheyLookLike) {
     EXPECT_EQ(record(6, false).exePath, below("C:\\bin6\\pcellBroker"));
 }
 
+TEST_F(Config, NamesMayHaveAnyLetters) {
+    platform::createDirectory(below("größe"));
+    const EnvironmentOverride variable("PCELLBROKER_HOME", below("größe"));
+    const std::string text = required + "PROBE_EXE=пробник\nCONFIG=катушка:E\n";
+    platform::File(below("größe") + "/pcellBroker.cfg", platform::OpenMode::write)
+        .write(text.data(), text.size());
+    const BrokerConfig config = read();
+    EXPECT_EQ(config.probeExe, below("größe") + separator() + "пробник");
+    EXPECT_EQ(record(5, false).exePath, below("größe") + separator() + "five");
+    EXPECT_THAT(config.items, ElementsAre("катушка:E"));
+    const EnvironmentOverride types("PCELLBROKER_CONFIG", "größe");
+    EXPECT_THAT(read().items, ElementsAre("größe"));
+}
+
 TEST_F(Config, WithoutItemsThereIsNothingToBroker) {
     EXPECT_EQ(failureOf(required), "empty [PCELLBROKER_]CONFIG");
     EXPECT_EQ(failureOf(required + "CONFIG=\n"), "empty [PCELLBROKER_]CONFIG");

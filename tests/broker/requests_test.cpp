@@ -1,5 +1,7 @@
 #include "design_fixture.h"
 
+#include <platform/private_directory.h>
+
 #include "broker/requests.h"
 
 namespace pcellBrokerClient::test {
@@ -34,6 +36,9 @@ protected:
     }
 
     std::string requests() { return ovalis::test::readText(path("requests")); }
+
+    /// The directory in a first request.
+    static std::string setUpDirectoryIn(const std::string& bytes) { return bytes.c_str() + 2; }
 
     static std::string setUp() { return "\1" + platform::currentDirectory() + "\0"s; }
 };
@@ -134,6 +139,27 @@ TEST_F(Requests, SetUpNamesTheLibraryDefinitionsWhenThereAreSome) {
     EXPECT_EQ(requests(), "\0"s + setUp() + "\2" + std::string(full) + "\0"s +
                               "\4lib\0cell\0layout\0\0\0\0\0"s +
                               "\0\4lib\0cell\0layout\0\0\0\0\0"s + "\0"s);
+}
+
+TEST_F(Requests, SetUpNamesDirectoriesOfAnyLetters) {
+    const std::string before = platform::currentDirectory();
+    platform::createDirectory(path("größe"));
+    platform::File(path("größe/lib.defs"), platform::OpenMode::write).close();
+    oa::oaLibDefList::openLibs(path("größe/lib.defs").c_str());
+    oa::oaLibDefList* const list = oa::oaLibDefList::getTopList();
+    oa::oaString full;
+    list->getFullPath(full);
+    tell("REQUESTS", path("requests"));
+    BrokerConnection connection = started("broker_answers");
+    platform::setCurrentDirectory(path("größe"));
+    const std::string expected =
+        "\0"s + setUp() + "\2" + std::string(full) + "\0"s + "\4lib\0cell\0layout\0\0\0\0\0"s;
+    evaluated(connection);
+    platform::setCurrentDirectory(before);
+    list->destroy();
+    EXPECT_EQ(requests(), expected);
+    EXPECT_THAT(setUpDirectoryIn(expected), testing::EndsWith("größe"));
+    EXPECT_THAT(std::string(full), testing::HasSubstr("größe"));
 }
 
 TEST_F(Requests, SetUpIsNotLostWhenTheDirectoryCannotBeFound) {

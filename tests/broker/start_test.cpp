@@ -1,5 +1,7 @@
 #include "start_fixture.h"
 
+#include <platform/file.h>
+#include <platform/path.h>
 #include <platform/process.h>
 
 #include "broker/env_override.h"
@@ -108,6 +110,26 @@ TEST_F(Start, SetsWhatTheUserWantsTheBrokerToSee) {
                                    "\nTCL_LIBRARY is not set\nFOO=1\nBAR=\n"));
     EXPECT_EQ(platform::environmentVariable("OA_PLUGIN_PATH"), std::nullopt);
     EXPECT_EQ(platform::environmentVariable("FOO"), "0");
+}
+
+TEST_F(Start, NamesMayHaveAnyLetters) {
+    set("PATH", platform::parentPath(program("any")) + platform::pathListSeparator() +
+                    platform::environmentVariable("PATH").value_or(""));
+    set("PCELLBROKER_ENV", "FOO");
+    set("PCELLBROKER_ENV_FOO", "größe");
+    tell("VARIABLES", "FOO");
+    platform::createDirectory(path("größe"));
+    BrokerConnection connection = connectionTo("broker_answers");
+    connection.exePath = path("größe/mäkler");
+    platform::copyFile(program("broker_answers"), connection.exePath);
+    connection.tclLibDir = "größe";
+    EXPECT_THAT(startsOf(connection), testing::EndsWith("\nTCL_LIBRARY=größe\nFOO=größe\n"));
+    BrokerConnection absent = connectionTo("absent");
+    absent.exePath = path("größe/fehlt");
+    EXPECT_THAT(failureOf([&] { startBroker(absent, system); }),
+                testing::StartsWith("while starting pcellBroker6 using internal OA libs: "
+                                    "CreateProcess(\"" +
+                                    absent.exePath + "\") failed: "));
 }
 
 TEST_F(Start, LeavesTheEnvironmentAsItWas) {
