@@ -47,33 +47,41 @@ std::wstring quoted(const std::wstring& argument) {
     return result.append(backslashes, L'\\') + L'"';
 }
 
-/// The list of what a new process inherits: these handles and no others.
-class InheritedHandles {
+/// What a new process is given when it is made: the handles that it inherits, these and no others,
+/// and the job that it belongs to from its first moment on.
+class StartAttributes {
 public:
-    explicit InheritedHandles(std::vector<HANDLE> handles) : inherited(std::move(handles)) {
+    StartAttributes(std::vector<HANDLE> handles, HANDLE job)
+        : inherited(std::move(handles)), enclosing(job) {
+        const DWORD count = job == nullptr ? 1 : 2;
         SIZE_T size = 0;
-        InitializeProcThreadAttributeList(nullptr, 1, 0, &size);
+        InitializeProcThreadAttributeList(nullptr, count, 0, &size);
         memory.resize(size);
-        if (!InitializeProcThreadAttributeList(list(), 1, 0, &size))
+        if (!InitializeProcThreadAttributeList(list(), count, 0, &size))
             fail("cannot start program", "");
-        if (!UpdateProcThreadAttribute(list(), 0, PROC_THREAD_ATTRIBUTE_HANDLE_LIST,
-                                       inherited.data(), inherited.size() * sizeof(HANDLE), nullptr,
-                                       nullptr)) {
+        if (!set(PROC_THREAD_ATTRIBUTE_HANDLE_LIST, inherited.data(), inherited.size()) ||
+            (job != nullptr && !set(PROC_THREAD_ATTRIBUTE_JOB_LIST, &enclosing, 1))) {
             const SystemError error = lastSystemError();
             DeleteProcThreadAttributeList(list());
             throw SystemFailure("cannot start program", "", error);
         }
     }
-    ~InheritedHandles() { DeleteProcThreadAttributeList(list()); }
-    InheritedHandles(const InheritedHandles&) = delete;
-    InheritedHandles& operator=(const InheritedHandles&) = delete;
+    ~StartAttributes() { DeleteProcThreadAttributeList(list()); }
+    StartAttributes(const StartAttributes&) = delete;
+    StartAttributes& operator=(const StartAttributes&) = delete;
 
     LPPROC_THREAD_ATTRIBUTE_LIST list() {
         return reinterpret_cast<LPPROC_THREAD_ATTRIBUTE_LIST>(memory.data());
     }
 
 private:
+    bool set(DWORD_PTR attribute, HANDLE* values, std::size_t count) {
+        return UpdateProcThreadAttribute(list(), 0, attribute, values, count * sizeof(HANDLE),
+                                         nullptr, nullptr);
+    }
+
     std::vector<HANDLE> inherited;
+    HANDLE enclosing;
     std::vector<char> memory;
 };
 
@@ -97,10 +105,9 @@ Handle makeGroup(const std::string& program, std::uint64_t memoryLimit) {
 
 // The process holds its own group open: what it started is ended when it ends, and it can still
 // clear up when this process is the one that disappears.
-bool enclose(const Handle& group, HANDLE process) {
+bool letHoldItself(const Handle& group, HANDLE process) {
     HANDLE copy = nullptr;
-    return AssignProcessToJobObject(group.get(), process) &&
-           DuplicateHandle(GetCurrentProcess(), group.get(), process, &copy, 0, FALSE,
+    return DuplicateHandle(GetCurrentProcess(), group.get(), process, &copy, 0, FALSE,
                            DUPLICATE_SAME_ACCESS);
 }
 
@@ -133,24 +140,25 @@ SupervisedProcess::SupervisedProcess(const std::string& program,
         commandLine += L' ' + wide(channelNumber(reinterpret_cast<std::uintptr_t>(given->get())));
     for (const std::string& argument : arguments)
         commandLine += L' ' + quoted(wide(argument));
-    InheritedHandles inherited(
-        {toProcess.reading.get(), fromProcess.writing.get(), saying.writing.get(), nothing.get()});
+    Handle held = endsGroup ? makeGroup(program, memoryLimit) : Handle();
+    StartAttributes attributes(
+        {toProcess.reading.get(), fromProcess.writing.get(), saying.writing.get(), nothing.get()},
+        endsGroup ? held.get() : nullptr);
     STARTUPINFOEXW startup = {};
     startup.StartupInfo.cb = sizeof startup;
     startup.StartupInfo.dwFlags = STARTF_USESTDHANDLES;
     startup.StartupInfo.hStdInput = nothing.get();
     startup.StartupInfo.hStdOutput = saying.writing.get();
     startup.StartupInfo.hStdError = saying.writing.get();
-    startup.lpAttributeList = inherited.list();
+    startup.lpAttributeList = attributes.list();
 
-    Handle held = endsGroup ? makeGroup(program, memoryLimit) : Handle();
     PROCESS_INFORMATION started = {};
     if (!internal::createProcess(wide(nativePath(program)), commandLine, true, startFlags,
                                  startup.StartupInfo, started))
         fail("cannot start program", program);
     const Handle thread(started.hThread);
     Handle process(started.hProcess);
-    if (endsGroup && !enclose(held, process.get())) {
+    if (endsGroup && !letHoldItself(held, process.get())) {
         const SystemError error = lastSystemError();
         TerminateProcess(process.get(), 1);
         throw SystemFailure("cannot supervise program", program, error);

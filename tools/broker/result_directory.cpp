@@ -41,15 +41,19 @@ std::string unguessableToken() {
     return token;
 }
 
+// An evaluation may write its result meanwhile, and a system may find only behind the call that the
+// directory is not empty: what counts is that it is gone.
 void removeDirectory(const std::string& directory) noexcept {
     constexpr int attempts = 50;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         try {
             platform::removeTree(directory);
-            return;
+            if (!platform::exists(directory))
+                return;
         } catch (const std::exception&) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            // Something in it is in use: the next attempt may find it closed.
         }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <mutex>
 #include <thread>
 
 namespace broker {
@@ -22,9 +23,11 @@ public:
         hardEnd.detach();
     }
 
+    /// The first thread that comes clears up and ends the process, others wait for that.
     [[noreturn]] void begin() {
         begun = true;
         begun.notify_all();
+        clearing.lock();
         removeDirectory(directory);
         platform::endProcessGroup();
     }
@@ -37,6 +40,7 @@ private:
     }
 
     std::string directory;
+    std::mutex clearing;
     std::atomic<bool> begun = false;
     std::thread hardEnd;
 };
