@@ -25,7 +25,7 @@ void require(bool holds) {
 }
 
 /// The answers of a broker. Each byte comes when it is asked for and not before.
-class Answers : public std::streambuf {
+class Answers : public pcellBrokerClient::AnswerStream {
 public:
     explicit Answers(std::string_view bytes) : rest_(bytes) {}
 

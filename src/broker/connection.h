@@ -21,6 +21,14 @@ struct BrokerKey {
 /// "external" or "internal", as messages name a set of libraries.
 const char* libsName(bool useExternalOaLibs);
 
+/// What a broker answers. `in_avail` asks the pipe for what has arrived, which costs a call of the
+/// system.
+class AnswerStream : public std::streambuf {
+public:
+    /// True when more was read than has been taken.
+    bool holdsUnread() const { return gptr() != egptr(); }
+};
+
 /// One broker: how it is started, and the two pipes to it once it runs.
 struct BrokerConnection {
     BrokerKey key{};
@@ -30,7 +38,7 @@ struct BrokerConnection {
     std::string tclLibDir;
 
     /// Both are there from a successful start on.
-    std::unique_ptr<std::streambuf> fromBroker;
+    std::unique_ptr<AnswerStream> fromBroker;
     std::unique_ptr<std::streambuf> toBroker;
     /// Set by a successful start. Once cleared it stays so: what may be left in the pipes would be
     /// taken for the answer to something else.

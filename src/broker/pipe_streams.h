@@ -7,11 +7,13 @@
 
 #include <platform/pipe.h>
 
+#include "broker/connection.h"
+
 namespace pcellBrokerClient {
 
 /// Reads a pipe, as much at a time as has arrived. `in_avail` tells what is there to be read,
 /// and -1 at the end.
-class PipeInput : public std::streambuf {
+class PipeInput : public AnswerStream {
 public:
     /// Takes over the stream.
     explicit PipeInput(std::FILE* stream) : pipe_(stream) {}

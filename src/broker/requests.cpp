@@ -13,9 +13,13 @@ namespace {
 /// Takes the connection out of use unless the request and its answer went through whole.
 class Exchange {
 public:
-    explicit Exchange(BrokerConnection& connection) : connection_(connection) {
-        // What is there to be read before anything was asked answers nothing.
-        if (connection_.alive && connection_.fromBroker->in_avail() > 0) {
+    enum class After { pause, answer };
+
+    // What is there to be read before anything was asked answers nothing. Right behind an answer
+    // only what came with it can be there.
+    explicit Exchange(BrokerConnection& connection, After after = After::pause)
+        : connection_(connection) {
+        if (connection_.alive && hasStaleInput(after)) {
             connection_.alive = false;
         }
         if (!connection_.alive) {
@@ -35,6 +39,11 @@ public:
     void complete() { complete_ = true; }
 
 private:
+    bool hasStaleInput(After after) {
+        AnswerStream& answers = *connection_.fromBroker;
+        return after == After::answer ? answers.holdsUnread() : answers.in_avail() > 0;
+    }
+
     BrokerConnection& connection_;
     bool complete_ = false;
 };
@@ -128,7 +137,7 @@ EvaluationAnswer requestEvaluation(BrokerConnection& connection, oa::oaDesign& d
         setUp = currentSetUp(system);
     }
     const Subject subject(design);
-    Exchange exchange(connection);
+    Exchange exchange(connection, Exchange::After::answer);
     if (setUp) {
         writeSetUp(exchange.out(), *setUp);
     }

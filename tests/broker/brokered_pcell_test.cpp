@@ -95,7 +95,7 @@ struct Data {
 
 /// A broker that is alive and then neither answers nor ends: reading throws no exception of any
 /// kind that is known.
-class Throwing : public std::streambuf {
+class Throwing : public AnswerStream {
 protected:
     int_type uflow() override {
         if (isAlive_) {
@@ -111,7 +111,7 @@ private:
 };
 
 /// A broker that is there whenever it is asked.
-class Alive : public std::streambuf {
+class Alive : public AnswerStream {
 protected:
     int_type uflow() override { return ':'; }
     int_type underflow() override { return traits_type::eof(); }

@@ -248,7 +248,7 @@ private:
 };
 
 /// A broker that is there whenever it is asked.
-class Colons : public std::streambuf {
+class Colons : public AnswerStream {
 protected:
     int_type uflow() override { return ':'; }
     int_type underflow() override { return traits_type::eof(); }
