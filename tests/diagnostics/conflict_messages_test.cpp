@@ -100,6 +100,21 @@ TEST_F(TechMessages, TellOfDerivedLayers) {
                            "  LayerNum: mostDerivedTech(Lib)=chip\n");
 }
 
+TEST_F(TechMessages, TellOfDefinitionsOfViasAndSites) {
+    for (int i = 0; i < 2; ++i) {
+        oaTech* tech = i == 0 ? base() : metal();
+        const std::string suffix = std::to_string(i);
+        oaScalarSiteDef::create(tech, "core", oacCoreSiteDefType, 10, 20);
+        oaStdViaDef::create(
+            tech, "via", oaPhysicalLayer::create(tech, ("a" + suffix).c_str(), oaLayerNum(i)),
+            oaPhysicalLayer::create(tech, ("b" + suffix).c_str(), oaLayerNum(10 + i)),
+            oaViaParam());
+    }
+    EXPECT_EQ(conflicts(), "Tech info:\n"
+                           "  SiteDefName: mostDerivedTech(Lib)=chip\n"
+                           "  ViaDefName: mostDerivedTech(Lib)=chip\n");
+}
+
 TEST_F(TechMessages, TellOfPurposes) {
     oaPurpose::create(base(), "pin", 1);
     oaPurpose::create(metal(), "pin", 2);

@@ -98,3 +98,33 @@ TEST(AppDef, TellsByTheClassItself) {
     oaVersionedObserver<oaAppDef, 0>::notifyOnConflictObservers("angle", oacDoubleAppDefType);
     EXPECT_EQ(news.take(), News{"angle: AppDoubleDef"});
 }
+
+TEST(AppDef, OfPointersKeepsThemForTheSession) {
+    NewTech tech;
+    oaLayer* layer = oaPhysicalLayer::create(tech, "m1", 1);
+    auto* def = oaVoidPointerAppDef<oaLayer>::get("app_def_test pointer");
+    EXPECT_EQ(def, oaVoidPointerAppDef<oaLayer>::find("app_def_test pointer"));
+    EXPECT_EQ(oaType(def->getType()).getName(), "AppVoidPointerDef");
+    EXPECT_FALSE(def->isPersistent());
+    EXPECT_EQ(def->get(layer), nullptr);
+    int target = 0;
+    def->set(layer, &target);
+    EXPECT_EQ(def->get(layer), &target);
+    EXPECT_TRUE(def->isUsedIn(tech));
+    EXPECT_EQ(layer->getAppDefs().getCount(), 1u);
+    tech.saveAndReopen('a');
+    EXPECT_EQ(def->get(oaLayer::find(tech, 1)), nullptr);
+    EXPECT_FALSE(def->isUsedIn(tech));
+    def->set(oaLayer::find(tech, 1), &target);
+    def->remove(tech);
+    EXPECT_EQ(def->get(oaLayer::find(tech, 1)), nullptr);
+}
+
+TEST(AppDef, OfPointersDisagreesWithADatabaseThatHasNumbersOfItsName) {
+    oaVoidPointerAppDef<oaLayer>::get("foreign pointer");
+    NewTech tech;
+    oaIntAppDef<oaLayer>::get("foreign pointer")->set(oaPhysicalLayer::create(tech, "m", 1), 1);
+    AppDefNews news;
+    tech.saveAndReopen();
+    EXPECT_EQ(news.take(), News{"foreign pointer: AppIntDef"});
+}

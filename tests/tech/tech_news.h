@@ -29,14 +29,23 @@ inline std::string libsOf(const oa::oaTechArray& techs) {
     return text;
 }
 
+/// The name of a layer, a purpose or a definition.
+inline std::string nameOfAny(const oa::oaObject* object) {
+    if (const auto* layer = dynamic_cast<const oa::oaLayer*>(object))
+        return nameOf(layer);
+    if (const auto* viaDef = dynamic_cast<const oa::oaViaDef*>(object))
+        return nameOf(viaDef);
+    if (const auto* siteDef = dynamic_cast<const oa::oaSiteDef*>(object))
+        return nameOf(siteDef);
+    return nameOf(dynamic_cast<const oa::oaPurpose*>(object));
+}
+
 /// Objects with the libraries that hold them, as "a:metal b:metal".
 inline std::string placesOf(const oa::oaObjectArray& objects) {
     std::string text;
     for (oa::oaUInt4 i = 0; i < objects.getNumElements(); ++i) {
-        const auto* layer = dynamic_cast<const oa::oaLayer*>(objects[i]);
-        const auto* purpose = dynamic_cast<const oa::oaPurpose*>(objects[i]);
         text += (i == 0 ? "" : " ") + libOf(static_cast<oa::oaTech*>(objects[i]->getDatabase())) +
-                ":" + (layer ? nameOf(layer) : nameOf(purpose));
+                ":" + nameOfAny(objects[i]);
     }
     return text;
 }

@@ -25,6 +25,7 @@ enum class AppValueKind : std::uint32_t {
     Time,
     Double,
     Boolean,
+    VoidPointer, // never persistent; the kinds before it may be stored
     Count
 };
 
@@ -50,7 +51,7 @@ struct StoredAppDefRecord {
     static void describe(Self& self, Visitor& visitor) {
         visitor.string(self.name);
         visitor.string(self.objectClass);
-        visitor.enumerator(std::uint32_t(self.kind), std::uint32_t(AppValueKind::Count));
+        visitor.enumerator(std::uint32_t(self.kind), std::uint32_t(AppValueKind::VoidPointer));
     }
 };
 

@@ -12,8 +12,9 @@ namespace impl {
 
 oaTypeEnum typeOf(AppValueKind kind) {
     static constexpr std::array<oaTypeEnum, std::size_t(AppValueKind::Count)> types = {
-        oacIntAppDefType,     oacFloatAppDefType, oacStringAppDefType, oacDataAppDefType,
-        oacVarDataAppDefType, oacTimeAppDefType,  oacDoubleAppDefType, oacBooleanAppDefType};
+        oacIntAppDefType,    oacFloatAppDefType,   oacStringAppDefType,
+        oacDataAppDefType,   oacVarDataAppDefType, oacTimeAppDefType,
+        oacDoubleAppDefType, oacBooleanAppDefType, oacVoidPointerAppDefType};
     return types[std::size_t(kind)];
 }
 

@@ -33,6 +33,8 @@ OA_ENUM_NAMES(oaRangeType, "lessThan", "lessThanEqual", "greaterThan", "greaterT
 
 OA_ENUM_NAMES(oaSizeOp, "GROW", "SHRINK")
 
+OA_ENUM_NAMES(oaSiteDefType, "core", "pad")
+
 OA_ENUM_NAMES(oaViaParamType, "layer1Enc", "layer2Enc", "implant1Enc", "implant2Enc",
               "layer1Offset", "layer2Offset", "cutSpacing", "originOffset", "cutSize", "cutLayer",
               "cutColumns", "cutRows", "cutWidth", "cutHeight")

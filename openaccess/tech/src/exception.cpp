@@ -41,6 +41,12 @@ constexpr impl::MessageFormat formats[] = {
      "The definition '%s' of derived layer parameters is built in."},
     {oacInvalidDerivedLayerParam, "A parameter '%s' of derived layers cannot be %s."},
     {oacCannotDestroyOwnedValue, "The value belongs to a parameter and goes with it."},
+    {oacViaDefNameExists,
+     "The technology of library '%s' already has a via definition named '%s'."},
+    {oacInvalidViaDefLayer, "The via definition '%s' cannot be made: %s."},
+    {oacInvalidViaParam, "The parameter '%s' of a via cannot be %u."},
+    {oacSiteDefNameExists,
+     "The technology of library '%s' already has a site definition named '%s'."},
 };
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "tech/src/tech_conflicts.h"
 #include "tech/src/tech_database.h"
 #include "tech/src/tech_graph.h"
+#include "tech/src/via_defs.h"
 
 #include <algorithm>
 #include <string>
@@ -182,6 +183,7 @@ void oaLayer::setNumber(oaLayerNum number) {
             if (layer.sourceNumbers[i] == before)
                 layer.sourceNumbers[i] = number;
     });
+    renumberLayerOfViaDefs(tech, before, number);
     reportConflictsOf(this);
 }
 

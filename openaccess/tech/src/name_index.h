@@ -7,7 +7,8 @@
 
 namespace OpenAccess_4::impl {
 
-/// Finds the records of one table by name and by number, which both differ from record to record.
+/// Finds the records of one table by name, and by number where they have one; both differ from
+/// record to record.
 /// Derived from the records, never stored.
 template <class Record>
 class NameIndex {
@@ -36,16 +37,20 @@ public:
     void remove(std::uint32_t slot) {
         catchUp();
         byName_.erase(table_[slot].name);
-        byNumber_.erase(table_[slot].number);
+        if constexpr (kHasNumbers)
+            byNumber_.erase(table_[slot].number);
     }
 
     /// True when no two of the records, of which none is destroyed, share a name or a number.
     bool isSound() {
         catchUp();
-        return byName_.size() == table_.live() && byNumber_.size() == table_.live();
+        return byName_.size() == table_.live() &&
+               (!kHasNumbers || byNumber_.size() == table_.live());
     }
 
 private:
+    static constexpr bool kHasNumbers = requires(Record record) { record.number; };
+
     struct Slot {
         std::uint32_t number = kNone;
     };
@@ -58,7 +63,8 @@ private:
     void catchUp() {
         for (; indexed_ < table_.slots(); ++indexed_) {
             byName_[table_[indexed_].name] = {indexed_};
-            byNumber_[table_[indexed_].number] = {indexed_};
+            if constexpr (kHasNumbers)
+                byNumber_[table_[indexed_].number] = {indexed_};
         }
     }
 

@@ -27,6 +27,9 @@ inline constexpr std::uint32_t kMoreSettingsTable = kFirstPackageTable + 6;
 inline constexpr std::uint32_t kExclusionTable = kFirstPackageTable + 7;
 inline constexpr std::uint32_t kLayerParamDefTable = kFirstPackageTable + 8;
 inline constexpr std::uint32_t kLayerParamTable = kFirstPackageTable + 9;
+inline constexpr std::uint32_t kViaDefTable = kFirstPackageTable + 10;
+inline constexpr std::uint32_t kSiteDefTable = kFirstPackageTable + 11;
+inline constexpr std::uint32_t kSiteRefTable = kFirstPackageTable + 12;
 
 enum class LayerKind : std::uint32_t { Physical, Derived, Sized, Count };
 

@@ -296,6 +296,18 @@ oaCollection<oaValue, oaTech> oaTech::getValues(oaUInt4 filterFlags) const {
         [](TechDatabase& tech) -> TableBase& { return tech.values; });
 }
 
+oaCollection<oaViaDef, oaTech> oaTech::getViaDefs(oaUInt4 filterFlags) const {
+    return collect<oaCollection<oaViaDef, oaTech>>(
+        this, filterFlags == oacViaDefIterLocal, {},
+        [](TechDatabase& tech) -> TableBase& { return tech.viaDefs; });
+}
+
+oaCollection<oaSiteDef, oaTech> oaTech::getSiteDefs(oaUInt4 filterFlags) const {
+    return collect<oaCollection<oaSiteDef, oaTech>>(
+        this, filterFlags == oacSiteDefIterLocal, {},
+        [](TechDatabase& tech) -> TableBase& { return tech.siteDefs; });
+}
+
 oaCollection<oaGroup, oaTech> oaTech::getGroups() const {
     return collectionOf<oaCollection<oaGroup, oaTech>>({&techDatabaseOf(this).groups.groups()});
 }
@@ -317,6 +329,16 @@ oaTech* oaTechObject::getTech() const {
 oaBoolean oaTechObject::isLayer() const {
     const oaTypeEnum type = getType();
     return type >= oacPhysicalLayerType && type <= oacSizedLayerType;
+}
+
+oaBoolean oaTechObject::isSiteDef() const {
+    const oaTypeEnum type = getType();
+    return type == oacScalarSiteDefType || type == oacArraySiteDefType;
+}
+
+oaBoolean oaTechObject::isViaDef() const {
+    const oaTypeEnum type = getType();
+    return type == oacStdViaDefType || type == oacCustomViaDefType;
 }
 
 } // namespace OpenAccess_4

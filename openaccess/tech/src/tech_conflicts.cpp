@@ -94,6 +94,12 @@ public:
         if (graph_.size() > 1) {
             reportLayers();
             reportPurposes();
+            reportNames(
+                oacSiteDefNameTechConflictType,
+                [](TechDatabase & tech) -> auto& { return tech.siteDefs; });
+            reportNames(
+                oacViaDefNameTechConflictType,
+                [](TechDatabase & tech) -> auto& { return tech.viaDefs; });
         }
         reportExclusions();
     }
@@ -172,6 +178,21 @@ private:
         }
         report(oacPurposeNameTechConflictType, names);
         report(oacPurposeNumTechConflictType, numbers);
+    }
+
+    /// Tells of records of different technologies that have one name.
+    template <class TableOf>
+    void reportNames(oaTechConflictTypeEnum type, TableOf tableOf) {
+        Places<std::string> names;
+        for (oaTech* tech : graph_) {
+            TechDatabase& database = techDatabaseOf(tech);
+            auto& table = tableOf(database);
+            table.forEach([&](std::uint32_t slot, const auto& record) {
+                names[std::string(database.strings.text(record.name))].push_back(
+                    {tech, table.handle(slot)});
+            });
+        }
+        report(type, names);
     }
 
     void reportExclusions() {

@@ -21,7 +21,7 @@ enum class TechSetting : std::uint32_t {
 /// refers to. Answers true when there are none.
 bool reportConflicts(const oaTech* tech);
 
-/// Tells of those conflicts that a change of `object`, a layer or purpose, may have made: with its
+/// Tells of those conflicts that a change of `object`, a layer, say, may have made: with its
 /// technology and those that see that.
 void reportConflictsOf(const oaObject* object);
 

@@ -14,6 +14,7 @@
 #include "storage/src/database_file.h"
 #include "tech/src/derived_layer_defs.h"
 #include "tech/src/open_techs.h"
+#include "tech/src/via_defs.h"
 
 namespace OpenAccess_4::impl {
 
@@ -38,8 +39,13 @@ TechDatabase::TechDatabase(std::uint32_t slot)
       exclusions(addTable<ExclusionRecord>(kExclusionTable)),
       layerParamDefs(addTable<StoredLayerParamDefRecord>(kLayerParamDefTable)),
       layerParams(addTable<LayerParamRecord>(kLayerParamTable)),
+      viaDefs(addTable<ViaDefRecord>(kViaDefTable)),
+      siteDefs(addTable<SiteDefRecord>(kSiteDefTable)),
+      siteRefs(addTable<SiteRefRecord>(kSiteRefTable)),
       layerIndex(*this, layers),
       purposeIndex(*this, purposes),
+      viaDefIndex(*this, viaDefs),
+      siteDefIndex(*this, siteDefs),
       slot_(slot),
       settings_(addTable<SettingsRecord>(kSettingsTable)),
       moreSettings_(addTable<MoreSettingsRecord>(kMoreSettingsTable)) {
@@ -58,8 +64,9 @@ std::unique_ptr<TechDatabase> TechDatabase::read(std::uint32_t slot, const std::
     readDatabaseFile(path, DatabaseFileKind::Technology, *database);
     if (!database->isSound())
         throw oaError(oacDatabaseFileDamaged, path.c_str(),
-                      "has no settings or two of them, or two layers or purposes of one name or "
-                      "number, or layers that cannot be excluded or have parameters");
+                      "has no settings or two of them, or two objects of one name or number, or "
+                      "layers that cannot be excluded or have parameters, or cuts or sites "
+                      "where there are none");
     return database;
 }
 
@@ -69,7 +76,8 @@ bool TechDatabase::isSound() {
         reserved = reserved || purpose.number >= kFirstReservedPurposeNumber;
     });
     return settings_.slots() == 1 && moreSettings_.slots() <= 1 && layerIndex.isSound() &&
-           purposeIndex.isSound() && !reserved && haveLayersTheirKinds();
+           purposeIndex.isSound() && !reserved && haveLayersTheirKinds() &&
+           areViaDefsSound(*this) && areSitesSound();
 }
 
 bool TechDatabase::haveLayersTheirKinds() {

@@ -3,6 +3,7 @@
 #include "base/src/database.h"
 #include "tech/src/name_index.h"
 #include "tech/src/records.h"
+#include "tech/src/via_def_records.h"
 
 #include <string>
 
@@ -50,12 +51,18 @@ public:
     Table<ExclusionRecord>& exclusions;
     Table<StoredLayerParamDefRecord>& layerParamDefs;
     Table<LayerParamRecord>& layerParams;
+    Table<ViaDefRecord>& viaDefs;
+    Table<SiteDefRecord>& siteDefs;
+    Table<SiteRefRecord>& siteRefs;
     NameIndex<LayerRecord> layerIndex;
     NameIndex<PurposeRecord> purposeIndex;
+    NameIndex<ViaDefRecord> viaDefIndex;
+    NameIndex<SiteDefRecord> siteDefIndex;
 
 private:
     bool isSound();
     bool haveLayersTheirKinds();
+    bool areSitesSound();
 
     std::uint32_t slot_;
     Table<SettingsRecord>& settings_;

@@ -125,6 +125,36 @@ OA_PLAIN_APP_DEF(oaBooleanAppDef, oaBoolean, 7);
 
 #undef OA_PLAIN_APP_DEF
 
+/// An application's pointer on objects of class T. It leads into the memory of the process: the
+/// value never persists, and nothing is done with what it points to.
+template <class T>
+class oaVoidPointerAppDef : public oaAppDef {
+public:
+    /// The definition of that name, or null.
+    static oaVoidPointerAppDef* find(const oaString& name) {
+        return static_cast<oaVoidPointerAppDef*>(
+            impl::AppDefs::find(request(name), &impl::Handles::construct<oaVoidPointerAppDef>));
+    }
+    /// Finds or makes the definition.
+    static oaVoidPointerAppDef* get(const oaString& name) {
+        return static_cast<oaVoidPointerAppDef*>(impl::AppDefs::get(
+            request(name), oaUInt8(0), false, &impl::Handles::construct<oaVoidPointerAppDef>));
+    }
+
+    /// The object's pointer; null when it has none.
+    void* get(const T* object) const {
+        return impl::fromBits<void*>(impl::AppDefs::bits(this, object));
+    }
+    void set(T* object, void* value) { impl::AppDefs::setBits(this, object, impl::bitsOf(value)); }
+
+private:
+    oaVoidPointerAppDef() = default;
+    friend class impl::Handles;
+    static impl::AppDefs::Request request(const oaString& name) {
+        return {impl::AppValueKind(8), impl::Handles::className<T>(), name};
+    }
+};
+
 /// An application-defined text on objects of class T.
 template <class T>
 class oaStringAppDef : public oaAppDef {

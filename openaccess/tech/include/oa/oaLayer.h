@@ -19,8 +19,8 @@ public:
     void setName(const oaString& name);
 
     oaLayerNum getNumber() const;
-    /// Layers of the technology that are derived from this one follow. Shapes of designs, and what
-    /// lies in other technologies, keep their numbers.
+    /// Layers of the technology that are derived from this one follow, and its via definitions.
+    /// Shapes of designs, and what lies in other technologies, keep their numbers.
     /// @throws oaTechError  oacLayerNumberExists
     void setNumber(oaLayerNum number);
 

@@ -14,7 +14,9 @@ class oaLib;
 class oaNameSpace;
 class oaPurpose;
 class oaScalarName;
+class oaSiteDef;
 class oaValue;
+class oaViaDef;
 class oaViewType;
 
 /// The technology of a library: its layers and purposes, the units of its designs, and values.
@@ -28,8 +30,8 @@ class oaViewType;
 /// - While it may be changed, a lock keeps other processes from changing it.
 ///
 /// A technology may refer to those of other libraries, and they to further ones: it sees their
-/// layers, purposes, values and settings as if they were its own, its own first. What cannot stand
-/// side by side there is told to the observers, see oaVersionedObserver<oaTech, 2>.
+/// layers, purposes, values, definitions and settings as if they were its own, its own first. What
+/// cannot stand side by side there is told to the observers, see oaVersionedObserver<oaTech, 2>.
 ///
 /// A library may instead be attached to another one: it then uses the technology of that, and has
 /// none of its own.
@@ -209,11 +211,13 @@ public:
 
     /// The layers, of all kinds, in the order of their creation; behind them those of the
     /// technologies that this one refers to, unless the flag says otherwise. The same holds for
-    /// purposes and values.
+    /// purposes, values and the definitions of vias and sites.
     oaCollection<oaLayer, oaTech> getLayers(oaUInt4 filterFlags = oacLayerIterAll) const;
     /// The reserved purposes first, then the others in the order of their creation.
     oaCollection<oaPurpose, oaTech> getPurposes(oaUInt4 filterFlags = oacPurposeIterAll) const;
     oaCollection<oaValue, oaTech> getValues(oaUInt4 filterFlags = oacTechValueIterAll) const;
+    oaCollection<oaViaDef, oaTech> getViaDefs(oaUInt4 filterFlags = oacViaDefIterAll) const;
+    oaCollection<oaSiteDef, oaTech> getSiteDefs(oaUInt4 filterFlags = oacSiteDefIterAll) const;
 
     oaCollection<oaGroup, oaTech> getGroups() const;
     oaCollection<oaGroup, oaTech> getGroupsByName(const oaString& name) const;

@@ -11,6 +11,7 @@
 #include "oaPhysicalLayer.h"
 #include "oaPurpose.h"
 #include "oaRange.h"
+#include "oaSiteDef.h"
 #include "oaSizedLayer.h"
 #include "oaTech.h"
 #include "oaTechArray.h"
@@ -20,3 +21,5 @@
 #include "oaTechInit.h"
 #include "oaTechObserver.h"
 #include "oaValue.h"
+#include "oaViaDef.h"
+#include "oaViaParam.h"

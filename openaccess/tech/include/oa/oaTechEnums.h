@@ -159,6 +159,14 @@ enum oaRangeTypeEnum {
 /// Which bounds a range has, and whether they belong to it.
 OA_NAMED_ENUM(oaRangeType);
 
+enum oaSiteDefTypeEnum {
+    oacCoreSiteDefType,
+    oacPadSiteDefType,
+};
+
+/// What is placed on the sites of a definition.
+OA_NAMED_ENUM(oaSiteDefType);
+
 /// What two technologies of one reference chain both define.
 enum oaTechConflictTypeEnum {
     oacLayerNameTechConflictType,
@@ -202,6 +210,10 @@ inline constexpr oaUInt4 oacPurposeIterAll = 0;
 inline constexpr oaUInt4 oacPurposeIterLocal = 1;
 inline constexpr oaUInt4 oacTechValueIterAll = 0;
 inline constexpr oaUInt4 oacTechValueIterLocal = 1;
+inline constexpr oaUInt4 oacViaDefIterAll = 0;
+inline constexpr oaUInt4 oacViaDefIterLocal = 1;
+inline constexpr oaUInt4 oacSiteDefIterAll = 0;
+inline constexpr oaUInt4 oacSiteDefIterLocal = 1;
 
 } // namespace OpenAccess_4
 
@@ -210,5 +222,9 @@ using OpenAccess_4::oacLayerIterAll;
 using OpenAccess_4::oacLayerIterLocal;
 using OpenAccess_4::oacPurposeIterAll;
 using OpenAccess_4::oacPurposeIterLocal;
+using OpenAccess_4::oacSiteDefIterAll;
+using OpenAccess_4::oacSiteDefIterLocal;
 using OpenAccess_4::oacTechValueIterAll;
 using OpenAccess_4::oacTechValueIterLocal;
+using OpenAccess_4::oacViaDefIterAll;
+using OpenAccess_4::oacViaDefIterLocal;

@@ -30,6 +30,10 @@ enum oaTechMsgIds {
     oacDerivedLayerParamDefIsBuiltIn,
     oacInvalidDerivedLayerParam,
     oacCannotDestroyOwnedValue,
+    oacViaDefNameExists,
+    oacInvalidViaDefLayer,
+    oacInvalidViaParam,
+    oacSiteDefNameExists,
 };
 
 } // namespace OpenAccess_4

@@ -13,6 +13,8 @@ public:
     oaTech* getTech() const;
 
     oaBoolean isLayer() const;
+    oaBoolean isSiteDef() const;
+    oaBoolean isViaDef() const;
 
     OA_HANDLE(oaTechObject);
 };
