@@ -1,5 +1,6 @@
 #include <ovalis/library.h>
 
+#include "support/files.h"
 #include "support/library_fixture.h"
 
 using namespace ovalis;
@@ -151,6 +152,15 @@ TEST_F(Compatibility, PassesOnThatAccessIsRefused) {
     EXPECT_EQ(failureOf([&] { existsVEXCompatibleLib(pathOf("lib"), "lib", &diagnostics); }),
               "Could not obtain access to library at " + pathOf("lib"));
     EXPECT_EQ(diagnostics, ".oalib not found\n");
+}
+
+TEST_F(Compatibility, FailsOnADamagedTechnologyAndLeavesTheLibraryClosed) {
+    ovalis::test::writeText(filePath("lib") / "tech.db", "no database");
+    std::string diagnostics = "before\n";
+    EXPECT_EQ(messageIdOf([&] { existsVEXCompatibleLib(pathOf("lib"), "lib", &diagnostics); }),
+              oa::oacDatabaseFileDamaged);
+    EXPECT_EQ(diagnostics, "before\n");
+    EXPECT_EQ(oa::oaLib::find(oa::oaScalarName(oa::oaNativeNS(), "lib")), nullptr);
 }
 
 TEST_F(Compatibility, FailsOnALibraryThatIsOpenUnderTheName) {

@@ -104,6 +104,16 @@ TEST_F(Copies, CanBeMadeOfALibraryThatIsOpenForWriting) {
     EXPECT_EQ(copy->getAccessLevel(), oa::oacWriteLibAccessLevel);
 }
 
+TEST_F(Copies, OntoTheirSourceKeepItAndMakeItWritable) {
+    makeSource();
+    markSource(markerWith("libReadOnly=\"Yes\""));
+    const std::string layout = readText(filePath("src") / "divider/layout/layout.oa");
+    const LibPtr copy = copyLib(pathOf("src"), pathOf("src"), "dst");
+    EXPECT_EQ(copy->getAccessLevel(), oa::oacWriteLibAccessLevel);
+    EXPECT_EQ(readText(marker("src")), markerWith("libReadOnly=\"No\""));
+    EXPECT_EQ(readText(filePath("src") / "divider/layout/layout.oa"), layout);
+}
+
 TEST_F(Copies, OfAMissingLibraryFailForWantOfAMarker) {
     EXPECT_EQ(failureOf([&] { static_cast<void>(copyLib(pathOf("none"), pathOf("dst"), "dst")); }),
               "File " + pathOf("dst") + platform::pathSeparator() + ".oalib not found");
