@@ -28,8 +28,8 @@ INSTANTIATE_TEST_SUITE_P(, CachedPcellsOfEachKind,
 
 TEST(CacheDirectory, LiesBesideTheList) {
     const std::pair<const char*, const char*> table[] = {
-        {"/work/lib.defs", "/work/.vexPcells"},
-        {"C:\\work\\lib.defs", "C:\\work\\.vexPcells"},
+        {"/chips/lib.defs", "/chips/.vexPcells"},
+        {"C:\\chips\\lib.defs", "C:\\chips\\.vexPcells"},
         {"C:\\work/größe/lib.defs", "C:\\work/größe/.vexPcells"},
         {"C:/work\\lib.defs", "C:/work\\.vexPcells"},
         {"/lib.defs", "/.vexPcells"},

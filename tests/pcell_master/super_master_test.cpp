@@ -280,11 +280,15 @@ TEST_F(SuperMaster, KeepsItsDefinitionDataWhereItsEvaluatorIsUnknown) {
     oaDesign* design = open('a');
     oaRect::create(oaBlock::create(design), 1, 2, oaBox(0, 0, 10, 20));
     design->save();
+    design->saveAs(name("lib"), name("copy"), name("layout"));
     design->close();
     link = oaPcellLink::create(evaluator);
-    design = open('r');
-    EXPECT_EQ(RecordingPcell::noteOf(design->getPcellDef()), "macro");
-    EXPECT_EQ(design->getTopBlock()->getShapes().getCount(), 1u);
+    for (const char* cell : {"coil", "copy"}) {
+        design = open('r', cell);
+        EXPECT_EQ(RecordingPcell::noteOf(design->getPcellDef()), "macro") << cell;
+        EXPECT_EQ(paramsOf(design), params()) << cell;
+        EXPECT_EQ(design->getTopBlock()->getShapes().getCount(), 1u) << cell;
+    }
 }
 
 TEST_F(SuperMaster, KeepsItsDefinitionDataInAProcessThatDoesNotKnowItsEvaluator) {
