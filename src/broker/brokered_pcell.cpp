@@ -119,10 +119,12 @@ void BrokeredPcell::choose() const {
         brokerKey_ = choice.brokerKey;
         state_ = choice.state;
     } catch (...) {
-        logMessage("while initializing brokered pcell type " + quoted(typeName_) + ": " +
-                   currentMessage().value_or("unknown error"));
+        logMade([this] {
+            return "while initializing brokered pcell type " + quoted(typeName_) + ": " +
+                   currentMessage().value_or("unknown error");
+        });
     }
-    tried_ = choice.tried;
+    tried_ = std::move(choice.tried);
 }
 
 void BrokeredPcell::tryVersions(Choice& choice) const {

@@ -8,4 +8,13 @@ namespace pcellBrokerClient {
 /// log of events. Never throws.
 void logMessage(const std::string& text) noexcept;
 
+/// Writes what `makeText` makes; nothing when there is not even memory for that.
+template <class MakeText>
+void logMade(MakeText makeText) noexcept {
+    try {
+        logMessage(makeText());
+    } catch (...) {
+    }
+}
+
 } // namespace pcellBrokerClient

@@ -8,8 +8,10 @@ namespace pcellBrokerClient {
 
 namespace {
 
-void logFailure(const std::string& context) {
-    logMessage("registerPcellEvaluators: " + context + currentMessage().value_or("unknown error"));
+void logFailure(const std::string& context) noexcept {
+    logMade([&] {
+        return "registerPcellEvaluators: " + context + currentMessage().value_or("unknown error");
+    });
 }
 
 /// What brokered evaluation keeps for the process.
