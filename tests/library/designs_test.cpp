@@ -124,6 +124,13 @@ TEST_F(Designs, ExistOnceSaved) {
     EXPECT_TRUE(existsDesign("lib", "divider", "layout"));
 }
 
+TEST_F(Designs, AreAskedForInAnOpenLibrary) {
+    saveDivider();
+    closeLibrary();
+    EXPECT_EQ(messageIdOf([] { existsDesign("lib", "divider", "layout"); }),
+              oa::oacCannotFindLibrary);
+}
+
 TEST_F(Designs, ExistWhileTheyAreOpen) {
     oa::oaDesign* design = openDesign(lib(), "divider", "layout", true);
     EXPECT_TRUE(existsDesign("lib", "divider", "layout"));
