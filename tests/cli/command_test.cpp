@@ -13,35 +13,6 @@ TEST(Command, TellsItsVersion) {
     EXPECT_EQ(ovalisProgram({"--version"}), (Outcome{0, "ovalis 0.1.0\n", ""}));
 }
 
-TEST(Command, HelpGoesToStandardOutput) {
-    const Outcome help = ovalisProgram({"--help"});
-    EXPECT_EQ(help.status, 0);
-    EXPECT_EQ(help.talk, "");
-    for (const char* command : {"export", "check", "list", "libs", "describe", "report", "draw",
-                                "copy", "pcell", "place", "evaluate", "hash", "cache", "brokers"})
-        EXPECT_NE(help.out.find(command), std::string::npos) << command;
-}
-
-TEST(Command, HelpOfEachCommandEndsWithAnExample) {
-    for (const std::string command :
-         {"export", "check", "list", "libs", "describe", "report", "draw", "copy", "pcell", "place",
-          "evaluate", "hash", "cache", "brokers"}) {
-        const Outcome help = ovalisHere({command, "--help"});
-        EXPECT_EQ(help.status, 0);
-        EXPECT_NE(help.out.find("Example:\n  ovalis " + command + " "), std::string::npos)
-            << help.out;
-    }
-}
-
-TEST(Command, HelpOfEachCommandOfTheCacheEndsWithAnExample) {
-    for (const std::string command : {"list", "verify", "put", "explain"}) {
-        const Outcome help = ovalisHere({"cache", command, "--help"});
-        EXPECT_EQ(help.status, 0);
-        EXPECT_NE(help.out.find("Example:\n  ovalis cache " + command + " "), std::string::npos)
-            << help.out;
-    }
-}
-
 struct WrongUsage {
     std::vector<std::string> arguments;
     const char* talk;

@@ -1,29 +1,28 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
+#include <sstream>
 
 #include <CLI/CLI.hpp>
 
+#include "cli/collected_errors.h"
+#include "cli/command_help.h"
 #include "cli/commands.h"
 
 namespace cli {
 namespace {
-
-/// A subcommand whose help ends with an example.
-CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& description,
-                     const std::string& example) {
-    CLI::App* command = app.add_subcommand(name, description);
-    command->footer("Example:\n  " + example);
-    return *command;
-}
 
 void addLibrary(CLI::App& command, LibraryOptions& library) {
     command.add_option("DIR", library.path, "Directory of the library")->required();
 }
 
 void addName(CLI::App& command, LibraryOptions& library) {
-    command.add_option("--name", library.name,
-                       "Name of the library; the directory's name when not given");
+    command
+        .add_option("--name", library.name,
+                    "Name of the library; the directory's name when not given")
+        ->type_name("NAME");
 }
 
 void addCellView(CLI::App& command, CellViewOptions& options) {
@@ -90,10 +89,26 @@ struct Options {
     PlaceOptions place;
 };
 
-void addExport(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "export", "Put a component into a library as a cell",
-                   "ovalis export examples/components/spiral_39n/component.json --lib trial");
+/// What the commands of one run share.
+struct Run {
+    Console& console;
+    int status = success;
+    /// While a command works that opens databases, and until its failure has been told.
+    std::optional<CollectedErrors> errors{};
+};
+
+/// Makes `body` what a command does that opens databases: what they report as errors meanwhile ends
+/// the run.
+template <class Body>
+void onDatabases(CLI::App& command, Run& run, Body body) {
+    command.callback([&run, body] {
+        run.errors.emplace(run.console);
+        run.status = body();
+    });
+}
+
+void addExport(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "export");
     command
         .add_option("COMPONENT", options.exporting.componentFile, "Component description (JSON)")
         ->required();
@@ -102,94 +117,85 @@ void addExport(CLI::App& app, Options& options, Console& console, int& status) {
         ->required();
     addName(command, options.exporting.library);
     command.add_flag("--replace", options.exporting.replace, "Replace the cell when it exists");
-    command.callback([&] { status = exportCommand(options.exporting, console); });
+    onDatabases(command, run, [&] { return exportCommand(options.exporting, run.console); });
 }
 
-void addCheck(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "check", "List what a library lacks, one line each", "ovalis check trial");
+void addCheck(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "check");
     addLibrary(command, options.check);
     addName(command, options.check);
-    command.callback([&] { status = checkCommand(options.check, console); });
+    onDatabases(command, run, [&] { return checkCommand(options.check, run.console); });
 }
 
-void addList(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command = addCommand(app, "list", "List cells, views and view types",
-                                   "ovalis list trial spiral_39n --json");
+void addList(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "list");
     addLibrary(command, options.list.library);
     command.add_option("CELL", options.list.cell, "Only this cell");
     command.add_flag("--json", options.list.json, "Write JSON for programs");
-    command.callback([&] { status = listCommand(options.list, console); });
+    onDatabases(command, run, [&] { return listCommand(options.list, run.console); });
 }
 
-void addLibsCommand(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command = addCommand(app, "libs", "List what a library definition file defines",
-                                   "ovalis libs trial/lib.defs --json");
+void addLibsCommand(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "libs");
     command.add_option("FILE", options.libs.file,
                        "Library definition file; the default one without");
     command.add_flag("--json", options.libs.json, "Write JSON for programs");
-    command.callback([&] { status = libsCommand(options.libs, console); });
+    onDatabases(command, run, [&] { return libsCommand(options.libs, run.console); });
 }
 
-void addFiles(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "files", "List, add and remove files of a library, a cell or a cell view",
-                   "ovalis files trial spiral_39n --add spiral_39n.s2p");
+void addFiles(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "files");
     addLibrary(command, options.files.library);
     command.add_option("CELL", options.files.cell, "The files of this cell");
     command.add_option("VIEW", options.files.view, "The files of this view of the cell");
     command.add_option("--add", options.files.add, "Copy a file in")->type_name("FILE");
     command.add_option("--remove", options.files.remove, "Remove a file first")->type_name("NAME");
     command.add_flag("--json", options.files.json, "Write JSON for programs");
-    command.callback([&] { status = filesCommand(options.files, console); });
+    onDatabases(command, run, [&] { return filesCommand(options.files, run.console); });
 }
 
-void addLocks(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command = addCommand(app, "locks", "List who holds locks on a library and its files",
-                                   "ovalis locks trial --clear");
+void addLocks(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "locks");
     addLibrary(command, options.locks.library);
     command.add_flag("--clear", options.locks.clear, "Remove locks whose holder is dead");
     command.add_flag("--json", options.locks.json, "Write JSON for programs");
-    command.callback([&] { status = locksCommand(options.locks, console); });
+    command.callback([&] { run.status = locksCommand(options.locks, run.console); });
 }
 
-void addDraw(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command = addCommand(app, "draw", "Draw a design as SVG",
-                                   "ovalis draw trial spiral_39n layout -o spiral.svg");
+void addDraw(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "draw");
     addCellView(command, options.draw.design);
     addLibs(command, options.draw.libs);
     command.add_option("-o", options.draw.outputFile, "File to write; standard output without")
         ->type_name("FILE");
-    command.callback([&] { status = drawCommand(options.draw, console); });
+    onDatabases(command, run, [&] { return drawCommand(options.draw, run.console); });
 }
 
-void addCopy(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "copy", "Copy a library", "ovalis copy trial archive/trial");
+void addCopy(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "copy");
     command.add_option("SRC", options.copy.source, "Directory of the library")->required();
     command.add_option("DST", options.copy.destination.path, "Directory to make")->required();
-    command.add_option("--name", options.copy.destination.name,
-                       "Name of the copy; the directory's name when not given");
-    command.callback([&] { status = copyCommand(options.copy, console); });
+    command
+        .add_option("--name", options.copy.destination.name,
+                    "Name of the copy; the directory's name when not given")
+        ->type_name("NAME");
+    onDatabases(command, run, [&] { return copyCommand(options.copy, run.console); });
 }
 
-void addEvaluate(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "evaluate", "Evaluate a pcell and say what served it",
-                   "ovalis evaluate trial spiral layout --param turns=4 --draw spiral.svg");
+void addEvaluate(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "evaluate");
     addPcell(command, options.evaluate.target);
     command.add_option("--draw", options.evaluate.pictureFile, "Picture of the result (SVG)")
         ->type_name("FILE");
     command.add_flag("--json", options.evaluate.json, "Write JSON for programs");
-    command.callback([&] { status = evaluateCommand(options.evaluate, console); });
+    onDatabases(command, run, [&] { return evaluateCommand(options.evaluate, run.console); });
 }
 
-void addHash(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command = addCommand(app, "hash", "Tell the identity of an evaluated pcell",
-                                   "ovalis hash trial spiral_39n layout --param nr_r=5 --explain");
+void addHash(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "hash");
     addPcell(command, options.hash.target);
     command.add_flag("--explain", options.hash.explain, "Show the bytes that it is made from");
-    command.callback([&] { status = hashCommand(options.hash, console); });
+    onDatabases(command, run, [&] { return hashCommand(options.hash, run.console); });
 }
 
 void addCacheOptions(CLI::App& command, CacheOptions& options) {
@@ -202,79 +208,63 @@ void addCacheOptions(CLI::App& command, CacheOptions& options) {
     });
 }
 
-void addCache(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& cache = addCommand(app, "cache", "Look after evaluated pcells on disk",
-                                 "ovalis cache verify trial");
+void addCache(CLI::App& app, Options& options, Run& run) {
+    CLI::App& cache = addCommand(app, "cache");
     cache.require_subcommand(1);
-    CLI::App& list =
-        addCommand(cache, "list", "List the entries and who uses them", "ovalis cache list trial");
+    CLI::App& list = addCommand(cache, "list");
     addCacheOptions(list, options.cacheList);
-    list.callback([&] { status = cacheListCommand(options.cacheList, console); });
-    CLI::App& verify = addCommand(cache, "verify", "Read every entry, look for missing ones",
-                                  "ovalis cache verify --libs lib.defs");
+    onDatabases(list, run, [&] { return cacheListCommand(options.cacheList, run.console); });
+    CLI::App& verify = addCommand(cache, "verify");
     addCacheOptions(verify, options.cacheVerify);
-    verify.callback([&] { status = cacheVerifyCommand(options.cacheVerify, console); });
-    CLI::App& put = addCommand(cache, "put", "Store the content of a design as an entry",
-                               "ovalis cache put trial spiral_39n layout --param nr_r=5 --from "
-                               "trial spiral_5 layout");
+    onDatabases(verify, run, [&] { return cacheVerifyCommand(options.cacheVerify, run.console); });
+    CLI::App& put = addCommand(cache, "put");
     addPcell(put, options.cachePut.target);
     addDesign(put, "--from", options.cachePut.from, "The design with the content");
-    put.callback([&] { status = cachePutCommand(options.cachePut, console); });
-    CLI::App& explain = addCommand(cache, "explain", "Say whether an entry serves a pcell, and why",
-                                   "ovalis cache explain trial spiral_39n layout --param nr_r=5");
+    onDatabases(put, run, [&] { return cachePutCommand(options.cachePut, run.console); });
+    CLI::App& explain = addCommand(cache, "explain");
     addPcell(explain, options.cacheExplain);
-    explain.callback([&] { status = cacheExplainCommand(options.cacheExplain, console); });
+    onDatabases(explain, run,
+                [&] { return cacheExplainCommand(options.cacheExplain, run.console); });
 }
 
-void addMakePcell(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "pcell", "Make a pcell that an evaluator fills",
-                   "ovalis pcell trial pad layout PSNPcell --param size:double=2.5");
+void addMakePcell(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "pcell");
     addCellView(command, options.makePcell.pcell);
     command.add_option("EVALUATOR", options.makePcell.evaluator, "Name of the evaluator")
         ->required();
     addParams(command, options.makePcell.params, "NAME:TYPE=VALUE");
-    command.callback([&] { status = makePcellCommand(options.makePcell, console); });
+    onDatabases(command, run, [&] { return makePcellCommand(options.makePcell, run.console); });
 }
 
-void addPlace(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "place", "Place an instance in a design",
-                   "ovalis place trial top layout I1 0 -50.5 --master trial spiral_39n layout "
-                   "--param nr_r=5");
+void addPlace(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "place");
     addCellView(command, options.place.design);
     command.add_option("NAME", options.place.name, "Name of the instance")->required();
     command.add_option("X", options.place.x, "Place in user units")->required();
     command.add_option("Y", options.place.y, "Place in user units")->required();
     addDesign(command, "--master", options.place.master, "The design to place");
     addParams(command, options.place.params, "NAME=VALUE");
-    command.callback([&] { status = placeCommand(options.place, console); });
+    onDatabases(command, run, [&] { return placeCommand(options.place, run.console); });
 }
 
-void addBrokers(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "brokers", "Say what evaluates brokered pcells here, and why",
-                   "ovalis brokers --json");
+void addBrokers(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "brokers");
     command.add_flag("--json", options.brokers.json, "Write JSON for programs");
-    command.callback([&] { status = brokersCommand(options.brokers, console); });
+    command.callback([&] { run.status = brokersCommand(options.brokers, run.console); });
 }
 
-void addDescribe(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "describe", "Describe a library, a cell or a cell view as text",
-                   "ovalis describe trial spiral_39n layout -o spiral_39n.txt");
+void addDescribe(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "describe");
     addLibrary(command, options.describe.library);
     command.add_option("CELL", options.describe.cell, "Only this cell");
     command.add_option("VIEW", options.describe.view, "Only this view of the cell");
     command.add_option("-o", options.describe.outputFile, "File to write; standard output without")
         ->type_name("FILE");
-    command.callback([&] { status = describeCommand(options.describe, console); });
+    onDatabases(command, run, [&] { return describeCommand(options.describe, run.console); });
 }
 
-void addReport(CLI::App& app, Options& options, Console& console, int& status) {
-    CLI::App& command =
-        addCommand(app, "report", "Report what the database warns of when designs are opened",
-                   "ovalis report trial --origins Pcell:Tech");
+void addReport(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "report");
     addLibrary(command, options.report.library);
     command.add_option("CELL", options.report.cell, "Only a design of this cell");
     command.add_option("VIEW", options.report.view, "The view of the cell");
@@ -283,19 +273,19 @@ void addReport(CLI::App& app, Options& options, Console& console, int& status) {
                     "What to report, as in TESSA_OAINFO, which counts without")
         ->type_name("LIST");
     command.add_flag("--json", options.report.json, "Write JSON for programs");
-    command.callback([&] { status = reportCommand(options.report, console); });
+    command.callback([&] { run.status = reportCommand(options.report, run.console); });
 }
 
-} // namespace
-
-int run(const std::vector<std::string>& arguments, Console& console) {
-    Options options;
-    int status = success;
-    CLI::App app("Makes and looks at OpenAccess libraries for a circuit-design environment.",
-                 "ovalis");
+/// The program with every command; `options` and `run` outlive it.
+std::unique_ptr<CLI::App> makeProgram(Options& options, Run& run) {
+    auto program = std::make_unique<CLI::App>(
+        "Makes and looks at OpenAccess libraries for a circuit-design environment", "ovalis");
+    CLI::App& app = *program;
+    useHelpTexts(app);
     // A path may begin with a slash on Windows too.
     app.allow_windows_style_options(false);
-    app.set_version_flag("--version", "ovalis " OVALIS_VERSION);
+    app.set_help_flag("-h,--help", "Tell this and exit");
+    app.set_version_flag("--version", "ovalis " OVALIS_VERSION, "Tell the version and exit");
     app.require_subcommand(1);
     app.failure_message([](const CLI::App* parsed, const CLI::Error& error) {
         const std::vector<std::string> unknown = parsed->remaining();
@@ -304,31 +294,48 @@ int run(const std::vector<std::string>& arguments, Console& console) {
                (noCommand ? "no command \"" + unknown.front() + "\"" : oneLine(error.what())) +
                " (see ovalis --help)\n";
     });
-    addExport(app, options, console, status);
-    addCheck(app, options, console, status);
-    addList(app, options, console, status);
-    addLibsCommand(app, options, console, status);
-    addFiles(app, options, console, status);
-    addLocks(app, options, console, status);
-    addDescribe(app, options, console, status);
-    addReport(app, options, console, status);
-    addDraw(app, options, console, status);
-    addCopy(app, options, console, status);
-    addMakePcell(app, options, console, status);
-    addPlace(app, options, console, status);
-    addEvaluate(app, options, console, status);
-    addHash(app, options, console, status);
-    addCache(app, options, console, status);
-    addBrokers(app, options, console, status);
+    addExport(app, options, run);
+    addCheck(app, options, run);
+    addList(app, options, run);
+    addLibsCommand(app, options, run);
+    addFiles(app, options, run);
+    addLocks(app, options, run);
+    addDescribe(app, options, run);
+    addReport(app, options, run);
+    addDraw(app, options, run);
+    addCopy(app, options, run);
+    addMakePcell(app, options, run);
+    addPlace(app, options, run);
+    addEvaluate(app, options, run);
+    addHash(app, options, run);
+    addCache(app, options, run);
+    addBrokers(app, options, run);
+    return program;
+}
+
+} // namespace
+
+int run(const std::vector<std::string>& arguments, Console& console) {
+    Options options;
+    Run run{console};
+    const std::unique_ptr<CLI::App> app = makeProgram(options, run);
     try {
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        app->parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Error& error) {
-        return app.exit(error, console.out, console.talk) == 0 ? success : failure;
+        return app->exit(error, console.out, console.talk) == 0 ? success : failure;
     } catch (const std::exception& error) {
         console.talk << "ovalis: " << oneLine(error.what()) << '\n';
         return failure;
     }
-    return status;
+    return run.status;
+}
+
+std::map<std::string, std::string> helpPages() {
+    std::ostringstream unused;
+    Console console{unused, unused};
+    Options options;
+    Run run{console};
+    return pagesOf(*makeProgram(options, run));
 }
 
 } // namespace cli

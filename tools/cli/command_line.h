@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -10,5 +11,8 @@ namespace cli {
 /// Runs the command with these arguments, the program's name left out.
 /// @returns the exit status; failures are told in one line on `console.talk`.
 int run(const std::vector<std::string>& arguments, Console& console);
+
+/// The help of every command as a page in Markdown, by the name of its file.
+std::map<std::string, std::string> helpPages();
 
 } // namespace cli

@@ -10,6 +10,8 @@ struct Console {
     std::ostream& talk;
     /// Somebody watches `talk`, so that a progress bar makes sense.
     bool interactive = false;
+    /// The command has told the errors of pcells in its own words.
+    bool errorsAreTold = false;
 };
 
 /// Exit statuses of every command.

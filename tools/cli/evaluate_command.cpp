@@ -199,6 +199,7 @@ int evaluateCommand(const EvaluateOptions& options, Console& console) {
             writeJson(console.out, target, result);
         if (!isServed(result)) {
             tellFailure(console.talk, target, result);
+            console.errorsAreTold = true;
             return somethingMissing;
         }
         if (!options.json)
