@@ -21,6 +21,7 @@ void describe(XmlText& text, const oa::oaShape& shape);
 void describe(XmlText& text, const oa::oaParam& param);
 void describe(XmlText& text, const oa::oaBox& box);
 void describe(XmlText& text, const oa::oaOccurrence& occurrence);
+void describe(XmlText& text, const oa::oaOccInst& inst);
 
 /// Puts a box without a line end.
 void describeInLine(XmlText& text, const oa::oaBox& box);

@@ -2,27 +2,11 @@
 
 #include "pcell/names.h"
 #include "xml/describe.h"
+#include "xml/estimate.h"
 
 namespace ovalis {
 
 namespace {
-
-// After so many shapes the length of all of them is estimated.
-constexpr std::size_t sample = 256;
-
-void describeShapes(XmlText& text, const oa::oaBlock& block) {
-    const auto shapes = block.getShapes();
-    const std::size_t before = text.size();
-    text.put("<shapes>\n");
-    oa::oaIter<oa::oaShape> iterator(shapes);
-    for (std::size_t done = 0; const oa::oaShape* shape = iterator.getNext();) {
-        describe(text, *shape);
-        if (++done % sample == 0) {
-            text.expect(before, done, shapes.getCount());
-        }
-    }
-    text.put("</shapes>\n");
-}
 
 void describe(XmlText& text, const oa::oaBlock& block) {
     oa::oaBox box;
@@ -32,8 +16,9 @@ void describe(XmlText& text, const oa::oaBlock& block) {
     text.lineAttribute("     UserUnits=\"", block.getUserUnits().getName());
     text.put(">\n");
     describe(text, box);
-    describeShapes(text, block);
-    text.put("<nets>\n");
+    text.put("<shapes>\n");
+    describeAll(text, block.getShapes());
+    text.put("</shapes>\n<nets>\n");
     describeAll(text, block.getNets());
     text.put("</nets>\n<pins>\n");
     describeAll(text, block.getPins());
@@ -66,6 +51,9 @@ void describeParams(XmlText& text, const oa::oaDesign& design) {
 void describe(XmlText& text, const oa::oaDesign& design) {
     const bool isSuperMaster = design.isSuperMaster() != 0;
     oa::oaString evaluator;
+    if (text.needsRoom()) {
+        text.reserve(estimatedSize(design));
+    }
     text.put("<design ");
     text.lineAttribute("      hasProp=\"", design.hasProp() != 0);
     text.lineAttribute("      hasAppDef=\"", design.hasAppDef() != 0);

@@ -7,6 +7,35 @@ namespace ovalis {
 
 namespace {
 
+template <class Value>
+void describeLine(XmlText& text, const char* prefix, const Value& value) {
+    text.put(prefix);
+    text.put(value);
+    text.put("\n");
+}
+
+void describeBlock(XmlText& text, const oa::oaBlock* block) {
+    if (block == nullptr) { // the master is missing, empty or a pcell that failed
+        text.put("scalar instance block bbox = none\nscalar instance block # shapes = none\n");
+        return;
+    }
+    oa::oaBox box;
+    block->getBBox(box);
+    text.put("scalar instance block bbox = ");
+    describe(text, box);
+    describeLine(text, "scalar instance block # shapes = ", block->getShapes().getCount());
+}
+
+void describeScalar(XmlText& text, const oa::oaInst& inst) {
+    oa::oaPoint origin;
+    inst.getOrigin(origin);
+    text.put("type inst\n");
+    describeLine(text, "scalar instance origin = ", origin);
+    describeLine(text, "scalar instance orient = ", inst.getOrient().getName());
+    const oa::oaDesign* master = inst.getMaster();
+    describeBlock(text, master == nullptr ? nullptr : master->getTopBlock());
+}
+
 /// Describes each instance of an occurrence.
 class xmlOaOccTraverser : public oa::oaOccTraverser {
 public:
@@ -14,58 +43,31 @@ public:
         : oa::oaOccTraverser(top), text_(text) {}
 
 protected:
-    void processInst(oa::oaOccInst* inst) override {
-        oa::oaString name;
-        oa::oaString pathName;
-        inst->getName(nativeNameSpace, name);
-        inst->getPathName(nativeNameSpace, pathName);
-        text_.put("<processInst>\n");
-        line("name = ", name);
-        line("pathName = ", pathName);
-        line("usesTermPositions = ", inst->usesTermPositions() != 0);
-        line("type = ", inst->getType().getName());
-        if (inst->getType() == oa::oacOccScalarInstType) {
-            describeScalar(*inst->getInst());
-        } else if (inst->isOccModuleInst()) {
-            line("module inst domain ", inst->getDomain().getName());
-        }
-        text_.put("</processInst>\n");
-    }
+    void processInst(oa::oaOccInst* inst) override { describe(text_, *inst); }
 
 private:
-    template <class Value>
-    void line(const char* prefix, const Value& value) {
-        text_.put(prefix);
-        text_.put(value);
-        text_.put("\n");
-    }
-
-    void describeScalar(const oa::oaInst& inst) {
-        oa::oaPoint origin;
-        inst.getOrigin(origin);
-        text_.put("type inst\n");
-        line("scalar instance origin = ", origin);
-        line("scalar instance orient = ", inst.getOrient().getName());
-        const oa::oaDesign* master = inst.getMaster();
-        describeBlock(master == nullptr ? nullptr : master->getTopBlock());
-    }
-
-    void describeBlock(const oa::oaBlock* block) {
-        if (block == nullptr) { // the master is missing, empty or a pcell that failed
-            text_.put("scalar instance block bbox = none\nscalar instance block # shapes = none\n");
-            return;
-        }
-        oa::oaBox box;
-        block->getBBox(box);
-        text_.put("scalar instance block bbox = ");
-        describe(text_, box);
-        line("scalar instance block # shapes = ", block->getShapes().getCount());
-    }
-
     XmlText& text_;
 };
 
 } // namespace
+
+void describe(XmlText& text, const oa::oaOccInst& inst) {
+    oa::oaString name;
+    oa::oaString pathName;
+    inst.getName(nativeNameSpace, name);
+    inst.getPathName(nativeNameSpace, pathName);
+    text.put("<processInst>\n");
+    describeLine(text, "name = ", name);
+    describeLine(text, "pathName = ", pathName);
+    describeLine(text, "usesTermPositions = ", inst.usesTermPositions() != 0);
+    describeLine(text, "type = ", inst.getType().getName());
+    if (inst.getType() == oa::oacOccScalarInstType) {
+        describeScalar(text, *inst.getInst());
+    } else if (inst.isOccModuleInst()) {
+        describeLine(text, "module inst domain ", inst.getDomain().getName());
+    }
+    text.put("</processInst>\n");
+}
 
 void describe(XmlText& text, const oa::oaOccurrence& occurrence) {
     text.put("<occurrence");

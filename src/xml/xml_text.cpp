@@ -21,22 +21,15 @@ void XmlText::flush() {
 void XmlText::give(std::string_view piece) {
     if (text_ != nullptr) {
         text_->append(piece);
-    } else {
+    } else if (stream_ != nullptr) {
         stream_->write(piece.data(), static_cast<std::streamsize>(piece.size()));
     }
     given_ += piece.size();
 }
 
-void XmlText::expect(std::size_t before, std::size_t done, std::size_t all) {
-    if (text_ == nullptr || done == 0) {
-        return;
-    }
-    // A quarter more than that: room that is never touched takes no memory, and a string that grows
-    // is there twice for a moment.
-    const std::size_t each = (size() - before) / done + 1;
-    const std::size_t needed = before + all * each;
-    if (text_->capacity() < needed) {
-        text_->reserve(needed + needed / 4);
+void XmlText::reserve(std::size_t further) {
+    if (text_->capacity() < size() + further) {
+        text_->reserve(size() + further);
     }
 }
 

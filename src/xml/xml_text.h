@@ -13,9 +13,10 @@
 namespace ovalis {
 
 /// Takes a text as it is made and gives it on in large pieces: to a string, which is the only copy
-/// of the text that there is, or to a stream.
+/// of the text that there is, to a stream, or to nobody when only its size is asked for.
 class XmlText {
 public:
+    XmlText() = default;
     explicit XmlText(std::string& text) : text_(&text) {}
     explicit XmlText(std::ostream& stream) : stream_(&stream) {}
     XmlText(const XmlText&) = delete;
@@ -68,9 +69,12 @@ public:
         attribute(prefix, value);
     }
 
-    /// Says that about `done` of `all` pieces of one kind have been written since `before`, so that
-    /// the string gets the room for the others while it is small.
-    void expect(std::size_t before, std::size_t done, std::size_t all);
+    /// True when the text becomes a string, which has to have its room before it is large: one that
+    /// grows is there twice for a moment.
+    bool needsRoom() const { return text_ != nullptr; }
+    /// Gives the string room for so many further bytes. Room that is never touched takes no memory.
+    void reserve(std::size_t further);
+
     std::size_t size() const { return given_ + std::size_t(next_ - staging_.data()); }
 
     /// Gives on what is not given on yet.
