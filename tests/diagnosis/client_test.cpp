@@ -62,8 +62,12 @@ INSTANTIATE_TEST_SUITE_P(Diagnosis, SameOrder,
                          [](const auto& order) { return std::string(order.param.name); });
 
 TEST(SameError, EndsTheChoiceOfBoth) {
-    for (const char* program : {"broker_exits_at_once", "broker_wrong_liveness"}) {
+    for (const char* program : {"broker_exits_at_once", "broker_wrong_liveness",
+                                "broker_exits_after_bytes", "broker_answers_too_much"}) {
         Installation here;
+        here.set("TEST_BROKER_COMMAND", "0");
+        here.set("TEST_BROKER_EXTRA", ":");
+        here.set("TEST_BROKER_BYTES", "1"); // the last of them ends at the question for the type
         here.install(program, "broker6");
         const Report report = here.diagnose();
         EXPECT_EQ(logOfClient(), "pcellBrokerClient: while initializing brokered pcell type "

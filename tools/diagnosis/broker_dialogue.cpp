@@ -31,11 +31,11 @@ Reply ask(BrokerConnection& connection, pcellBrokerClient::Command command, cons
         pcellBrokerClient::flush(*connection.toBroker);
         if (!waitForInput(*connection.fromBroker, patience)) {
             connection.alive = false;
-            return {Reply::Kind::silent, 0};
+            return {Reply::Kind::silent, 0, {}};
         }
-        return {Reply::Kind::byte, pcellBrokerClient::readByte(*connection.fromBroker)};
-    } catch (const std::exception&) {
-        return {Reply::Kind::ended, 0};
+        return {Reply::Kind::byte, pcellBrokerClient::readByte(*connection.fromBroker), {}};
+    } catch (const std::exception& error) {
+        return {Reply::Kind::ended, 0, error.what()};
     }
 }
 

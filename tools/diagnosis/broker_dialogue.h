@@ -14,6 +14,7 @@ struct Reply {
 
     Kind kind = Kind::ended;
     unsigned char byte = 0;
+    std::string failure; ///< for ended: what the client says of it
 };
 
 /// Sends a request, with a text when it has one, and waits for its answer. A connection that was

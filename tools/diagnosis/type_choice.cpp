@@ -110,12 +110,14 @@ private:
         if (!connection.isStarted())
             start(connection);
         requireLife(connection);
+        requireSilence(connection);
         const Reply reply = ask(connection, Command::canEvaluate, &type_.typeName, patience_);
         if (reply.kind == Reply::Kind::byte)
             return reply.byte != 0;
-        fail(connection, reply.kind == Reply::Kind::silent
-                             ? "does not answer the question for '" + type_.typeName + "'"
-                             : "ended when it was asked for '" + type_.typeName + "'");
+        if (reply.kind == Reply::Kind::silent)
+            fail(connection, "does not answer the question for '" + type_.typeName + "'");
+        noteFailure(connection, "ended when it was asked for '" + type_.typeName + "'");
+        throw std::runtime_error(reply.failure);
     }
 
     void start(BrokerConnection& connection) {
@@ -132,8 +134,7 @@ private:
     void requireLife(BrokerConnection& connection) {
         if (!connection.alive)
             fail(connection, "is broken since a type before");
-        if (connection.fromBroker->in_avail() > 0)
-            fail(connection, "has sent what nobody asked for");
+        requireSilence(connection);
         const Reply reply = ask(connection, Command::liveness, nullptr, patience_);
         if (reply.kind == Reply::Kind::silent)
             fail(connection, "does not show that it is alive");
@@ -144,7 +145,17 @@ private:
                                  " instead of ':'");
     }
 
+    void requireSilence(BrokerConnection& connection) {
+        if (connection.fromBroker->in_avail() > 0)
+            fail(connection, "has sent what nobody asked for");
+    }
+
     [[noreturn]] void fail(BrokerConnection& connection, const std::string& what) {
+        noteFailure(connection, what);
+        failForBroken(connection);
+    }
+
+    void noteFailure(BrokerConnection& connection, const std::string& what) {
         connection.alive = false;
         std::string path = connection.libDirs[0];
         if (!connection.libDirs[1].empty())
@@ -156,7 +167,6 @@ private:
                                       (path.empty() ? "" : " in " + path) +
                                       " and has to speak the "
                                       "protocol (docs/broker.md)"});
-        failForBroken(connection);
     }
 
     void noteRefusal(const BrokerConnection& connection) {
