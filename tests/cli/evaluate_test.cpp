@@ -140,6 +140,30 @@ TEST(Evaluate, ADamagedEntryIsAFailureThatNamesIt) {
         << failed.talk;
 }
 
+TEST(Evaluate, WhatAnEntryPlacesAndIsMissingIsToldByItself) {
+    PcellPlace work;
+    ASSERT_EQ(work.place("I1", {"--param", "N=3"}).status, 0);
+    const Outcome put = work.onCoil({"cache", "put"}, {"--from", work.library(), "top", "layout"});
+    ASSERT_EQ(put.status, 0) << put.talk;
+    const EnvironmentOverride list("MOLTRAX_DIR", std::nullopt);
+    EXPECT_EQ(work.onCoil({"evaluate"}),
+              (Outcome{1, "",
+                       "ovalis: lib/coil/layout is evaluated by \"PSNPcell\", but not all that it "
+                       "places\n"
+                       "  evaluation of lib/coil/layout (N = 3): The pcell submaster cannot be "
+                       "produced.\n"
+                       "  parameters: N = 2\n"
+                       "  identity: " +
+                           identityOf2 + "\n  cache: " + entryPath(put) +
+                           "\n  library list: " + listWarning(entryPath(put)) + "\n"}));
+    work.put({"--param", "N=3"});
+    const Outcome served = work.onCoil({"evaluate"});
+    EXPECT_EQ(served.status, 0) << served.talk;
+    EXPECT_NE(served.out.find("\nshapes       0\nbox          0 -50.5 0.09 -50.44 "),
+              std::string::npos)
+        << served.out;
+}
+
 TEST(Evaluate, UsesTheListThatIsNamed) {
     PcellPlace work;
     std::filesystem::create_directory(work.path("lists"));
@@ -425,7 +449,8 @@ TEST(Evaluate, JsonOfAFailureHasWhatTheObserversWereTold) {
         "identity": ")" + identityOf3 + R"(",
         "evaluated": false, "shapes": 0, "box": null, "unit": null,
         "errors": [{"kind": "evaluation", "design": "lib/coil/layout",
-                    "message": "The pcell submaster cannot be produced."}]
+                    "message": "The pcell submaster cannot be produced.",
+                    "parameters": [{"name": "N", "type": "int", "value": 3}]}]
     })"));
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <iomanip>
@@ -60,6 +61,13 @@ std::string textOf(const Source& source) {
 
 bool isServed(const Evaluation& result) {
     return result.errors.empty() && result.submaster != nullptr;
+}
+
+/// The submaster is there, and what failed are others that it places.
+bool onlyPlacedFail(const Evaluation& result) {
+    return result.submaster != nullptr &&
+           std::none_of(result.errors.begin(), result.errors.end(),
+                        [&](const evaluation::PcellError& error) { return result.isOwn(error); });
 }
 
 void writeTable(std::ostream& out, const PcellTarget& target, const Evaluation& result) {
@@ -131,8 +139,10 @@ void writeJson(std::ostream& out, const PcellTarget& target, const Evaluation& r
     const evaluation::DesignName& name = target.pcell.name();
     Json errors = Json::array();
     for (const evaluation::PcellError& error : result.errors)
-        errors.push_back(
-            {{"kind", error.kind}, {"message", error.message}, {"design", error.design.text()}});
+        errors.push_back({{"kind", error.kind},
+                          {"message", error.message},
+                          {"design", error.design.text()},
+                          {"parameters", jsonOf(error.params)}});
     Json json{{"library", name.library},
               {"cell", name.cell},
               {"view", name.view},
@@ -152,11 +162,16 @@ void writeJson(std::ostream& out, const PcellTarget& target, const Evaluation& r
 
 /// What is known of a failure, for people.
 void tellFailure(std::ostream& talk, const PcellTarget& target, const Evaluation& result) {
-    talk << "ovalis: " << target.pcell.name().text() << " cannot be evaluated by \""
-         << target.pcell.evaluator() << "\"\n";
-    for (const evaluation::PcellError& error : result.errors)
-        talk << "  " << error.kind << " of " << error.design.text() << ": " << error.message
-             << '\n';
+    const bool isThere = onlyPlacedFail(result);
+    talk << "ovalis: " << target.pcell.name().text()
+         << (isThere ? " is evaluated by \"" : " cannot be evaluated by \"")
+         << target.pcell.evaluator() << (isThere ? "\", but not all that it places\n" : "\"\n");
+    for (const evaluation::PcellError& error : result.errors) {
+        talk << "  " << error.kind << " of " << error.design.text();
+        if (!result.isOwn(error))
+            talk << " (" << evaluation::textOf(error.params) << ")";
+        talk << ": " << error.message << '\n';
+    }
     talk << "  parameters: " << evaluation::textOf(result.params) << '\n';
     talk << "  identity: " << result.hash << '\n';
     if (!result.source.tried.empty())
@@ -167,6 +182,8 @@ void tellFailure(std::ostream& talk, const PcellTarget& target, const Evaluation
         return;
     if (result.source.path.empty())
         talk << "  cache: there is no top library list, beside which it would be\n";
+    else if (isThere)
+        talk << "  cache: " << result.source.path << '\n';
     else
         talk << "  cache: " << result.source.path
              << (platform::exists(result.source.path) ? " cannot be used\n" : " is not there\n");

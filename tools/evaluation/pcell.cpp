@@ -23,9 +23,19 @@ void PcellErrorLog::onError(oa::oaDesign* design, const oa::oaString& message,
     constexpr const char* kinds[] = {"bind",  "unbind", "evaluation", "read",
                                      "write", "size",   "plug-in"};
     const auto number = static_cast<unsigned>(type);
-    errors_.push_back(
-        {number < std::size(kinds) ? kinds[number] : "error " + std::to_string(number),
-         ovalis::fromOa(message), design == nullptr ? DesignName() : nameOf(*design)});
+    PcellError& error = errors_.emplace_back();
+    error.kind = number < std::size(kinds) ? kinds[number] : "error " + std::to_string(number);
+    error.message = ovalis::fromOa(message);
+    if (design == nullptr)
+        return;
+    error.design = nameOf(*design);
+    if (design->isSubMaster())
+        design->getParams(error.params);
+}
+
+bool Evaluation::isOwn(const PcellError& error) const {
+    return error.design == pcell &&
+           (error.params.getNumElements() == 0 || textOf(error.params) == textOf(params));
 }
 
 oa::oaDesign* openExisting(oa::oaLib& library, const std::string& cell, const std::string& view) {
@@ -53,6 +63,7 @@ Evaluation evaluate(const Pcell& pcell, const oa::oaParamArray& given,
                     const std::string& cacheDirectory) {
     const DesignName& name = pcell.name();
     Evaluation result;
+    result.pcell = name;
     result.params = effectiveParams(pcell.defaults(), given);
     result.hash = ovalis::identifySubmaster(name.library, name.cell, name.view, result.params).hash;
 

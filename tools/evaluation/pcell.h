@@ -18,8 +18,7 @@ struct PcellError {
     std::string kind; ///< "evaluation", "plug-in" ..., "error 1234" for a number of nobody's
     std::string message;
     DesignName design;
-
-    friend bool operator==(const PcellError&, const PcellError&) = default;
+    oa::oaParamArray params; ///< of the submaster concerned, defaults included; else none
 };
 
 /// Keeps the errors of pcells while it lives.
@@ -63,6 +62,11 @@ private:
 };
 
 struct Evaluation {
+    /// True for an error of the submaster itself, or of its super master. What it places are other
+    /// submasters, perhaps of the same pcell.
+    bool isOwn(const PcellError& error) const;
+
+    DesignName pcell;
     oa::oaParamArray params; ///< all of them, defaults included
     std::string hash;
     Source source;
@@ -75,8 +79,8 @@ struct Evaluation {
     std::optional<oa::oaBox> box;
 };
 
-/// Evaluates the submaster of a pcell for the given parameters. What fails in the evaluation is in
-/// the result's errors.
+/// Evaluates the submaster of a pcell for the given parameters, and what it places. What fails in
+/// that is in the result's errors.
 /// @param cacheDirectory  where cached submasters lie; empty when there is no such place
 /// @throws oa::oaException  the database failed otherwise
 Evaluation evaluate(const Pcell& pcell, const oa::oaParamArray& given,
