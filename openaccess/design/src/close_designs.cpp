@@ -13,15 +13,22 @@ using DesignObserver = oaVersionedObserver<oaDesign>;
 
 namespace {
 
-/// The instances of a design that may have been closed meanwhile, or null.
-Instances* instancesOf(const oaDesign* design) {
-    DesignDatabase* content = design->isValid() ? recordFor(design).content.get() : nullptr;
-    return content ? &content->instances : nullptr;
+/// The content of a design that may have been closed meanwhile, or null.
+DesignDatabase* contentOf(const oaDesign* design) {
+    return design->isValid() ? recordFor(design).content.get() : nullptr;
+}
+
+/// The designs that instances and vias are, or were, bound to.
+std::vector<oaDesign*> mastersOf(const DesignDatabase& design) {
+    std::vector<oaDesign*> masters = design.instances.boundMasters();
+    const std::vector<oaDesign*> ofVias = design.vias.boundMasters();
+    masters.insert(masters.end(), ofVias.begin(), ofVias.end());
+    return masters;
 }
 
 bool isBinder(const oaDesign* binder, const oaDesign* design) {
-    Instances* instances = instancesOf(binder);
-    return instances && instances->isBoundTo(design);
+    DesignDatabase* content = contentOf(binder);
+    return content && (content->instances.isBoundTo(design) || content->vias.isBoundTo(design));
 }
 
 bool isBusy(const OpenDesignRecord& record) {
@@ -37,8 +44,9 @@ bool isReferredTo(const oaDesign* design) {
     for (auto binder = record.binders.begin(); binder != record.binders.end();) {
         if (isBinder(*binder, design))
             return true;
-        Instances* instances = instancesOf(*binder);
-        const bool mayBindAgain = instances && instances->knows(design);
+        DesignDatabase* content = contentOf(*binder);
+        const bool mayBindAgain =
+            content && (content->instances.knows(design) || content->vias.knows(design));
         binder = mayBindAgain ? std::next(binder) : record.binders.erase(binder);
     }
     return false;
@@ -79,7 +87,7 @@ void append(std::vector<oaDesign*>& designs, const std::vector<oaDesign*>& more)
 std::vector<oaDesign*> drop(oaDesign* design) {
     DesignObserver::notifyPurgeObservers(design);
     OpenDesignRecord& record = recordFor(design);
-    std::vector<oaDesign*> referred = record.content->instances.boundMasters();
+    std::vector<oaDesign*> referred = mastersOf(*record.content);
     while (!record.submasters.made.empty())
         append(referred, drop(std::prev(record.submasters.made.end())->second));
     record.content->pcell.unbind();
@@ -88,6 +96,8 @@ std::vector<oaDesign*> drop(oaDesign* design) {
         forgetSubmaster(recordFor(superMaster).submasters, design);
         referred.push_back(superMaster);
     }
+    if (record.viaOrigin)
+        forgetViaMaster(record);
     record.lock.reset();
     removeFromDisk(record);
     oaTech* tech = record.tech;
@@ -136,7 +146,7 @@ void replaceContent(OpenDesignRecord& design, std::unique_ptr<DesignDatabase> co
     std::vector<oaDesign*> masters;
     if (design.content) {
         design.content->pcell.unbind();
-        masters = design.content->instances.boundMasters();
+        masters = mastersOf(*design.content);
         std::erase(masters, design.content->design());
     }
     design.content = std::move(content);

@@ -18,6 +18,7 @@ DesignDatabase::DesignDatabase(oaDesign* design)
       shapes(*this),
       connectivity(*this),
       instances(*this),
+      vias(*this),
       pcell(*this) {}
 
 std::unique_ptr<DesignDatabase> DesignDatabase::makeEmpty(oaDesign* design) {
@@ -56,7 +57,8 @@ DesignInfoRecord& DesignDatabase::info() {
 void DesignDatabase::requireSound(const std::string& path) {
     if (!isSound())
         throw oaError(oacDatabaseFileDamaged, path.c_str(),
-                      "has objects without a block, or two of one name or place");
+                      "has objects without a block, or two of one name or place, or vias that "
+                      "disagree with their headers");
 }
 
 bool DesignDatabase::isSound() {
@@ -68,7 +70,7 @@ bool DesignDatabase::isSound() {
                 return false;
         return true;
     }
-    return shapes.isSound() && connectivity.isSound() && instances.isSound();
+    return shapes.isSound() && connectivity.isSound() && instances.isSound() && vias.isSound();
 }
 
 oaObject* DesignDatabase::object() const {
@@ -81,6 +83,7 @@ const DesignNames& DesignDatabase::names() const {
 
 void DesignDatabase::requireEditable() const {
     const OpenDesignRecord& open = recordOf<OpenDesignRecord>(design_);
+    requireNoViaMaster(design_);
     const bool isFinished = open.origin && open.origin->state != EvaluationState::Running;
     if (open.mode == 'r' || isFinished)
         throw oaDesignError(isFinished ? oacCannotModifySubMaster : oacCannotModifyReadModeDesign,
@@ -113,6 +116,7 @@ void DesignDatabase::destroyBlock() {
     instances.insts.forEach([&](std::uint32_t slot, const InstRecord&) {
         destroyFig({kInstTable, slot});
     });
+    vias.destroyAll();
     connectivity.nets.forEach(
         [&](std::uint32_t slot, const NetRecord&) { connectivity.destroyNet(slot); });
     const std::uint32_t slot = slotOf(block());
@@ -126,6 +130,10 @@ void DesignDatabase::destroyFig(const ObjectRef& fig) {
     connectivity.pinFigs.remove(fig);
     if (fig.table == kInstTable) {
         instances.destroy(fig.slot);
+        return;
+    }
+    if (fig.table == kViaTable) {
+        vias.destroy(fig.slot);
         return;
     }
     forgetAttachments(fig);
@@ -155,8 +163,10 @@ std::vector<ObjectRef> DesignDatabase::displaysOf(const ObjectRef& object) {
 
 oaBox DesignDatabase::extent() {
     oaBox box = shapes.extent();
-    if (!measuring)
+    if (!measuring) {
         enlarge(box, instances.extent());
+        enlarge(box, vias.extent());
+    }
     return box;
 }
 

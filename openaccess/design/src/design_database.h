@@ -7,6 +7,7 @@
 #include "design/src/pcell_master.h"
 #include "design/src/records.h"
 #include "design/src/shape_tables.h"
+#include "design/src/vias.h"
 
 #include <memory>
 #include <string>
@@ -52,7 +53,7 @@ public:
     bool hasBlock() const { return blocks.live() > 0; }
     void destroyBlock();
 
-    /// Destroys a figure: a shape or an instance.
+    /// Destroys a figure: a shape, an instance or a via.
     void destroyFig(const ObjectRef& fig);
     /// The text displays of an object, of all layers.
     std::vector<ObjectRef> displaysOf(const ObjectRef& object);
@@ -75,10 +76,11 @@ public:
     ShapeTables shapes;
     Connectivity connectivity;
     Instances instances;
+    Vias vias;
     PcellMaster pcell;
     Occurrences occurrences{*this};
 
-    /// While the instances of the block are being measured: one of them may lead back to it.
+    /// While the instances and vias of the block are being measured: one may lead back to it.
     bool measuring = false;
 };
 

@@ -79,4 +79,8 @@ oaBoolean oaBlockObject::isVia() const {
     return isBetween(getType(), oacStdViaType, oacCustomViaType);
 }
 
+oaBoolean oaBlockObject::isViaHeader() const {
+    return isBetween(getType(), oacStdViaHeaderType, oacCustomViaHeaderType);
+}
+
 } // namespace OpenAccess_4

@@ -83,6 +83,14 @@ constexpr impl::MessageFormat formats[] = {
     {oacInstTermsGoAnotherWay,
      "Instance '%s' is not connected by the %ss of terminals, as for terminal '%s'."},
     {oacTermNotInInstMaster, "Terminal '%s' is not one of the master of instance '%s'."},
+    {oacInvalidViaDef,
+     "The via definition '%s' is not the one of its name that the technology of design '%s/%s/%s' "
+     "sees."},
+    {oacInvalidViaMaster, "Design '%s/%s/%s' is not the master of a standard via."},
+    {oacCannotModifyViaMaster,
+     "Design '%s/%s/%s' is the master of a standard via and can neither be changed nor saved."},
+    {oacInvalidInstMaster,
+     "Design '%s/%s/%s' is the master of a standard via and cannot be that of an instance."},
     {oacPcellSubMasterNotProduced, "The pcell submaster cannot be produced."},
 };
 

@@ -3,6 +3,7 @@
 #include "design/src/instance_edit.h"
 #include "design/src/new_inst.h"
 #include "design/src/shape_edit.h"
+#include "design/src/via_edit.h"
 #include "oa/oaBlock.h"
 #include "oa/oaDesign.h"
 #include "oa/oaDesignException.h"
@@ -52,6 +53,8 @@ void oaFig::getBBox(oaBox& bBox) const {
     DesignDatabase& database = designDatabaseOf(this);
     if (isInstance(this))
         bBox = database.instances.boxOf(slotOf(this));
+    else if (isVia())
+        bBox = database.vias.boxOf(slotOf(this));
     else
         bBox = withShapeRecord(
             kind, [&]<class Record>() { return boxOf(database, recordOf<Record>(this)); });
@@ -66,6 +69,10 @@ oaBoolean oaFig::overlaps(const oaBox& box) const {
 void oaFig::move(const oaTransform& xform) {
     if (isInstance(this)) {
         moveInst(this, xform);
+        return;
+    }
+    if (isVia()) {
+        moveVia(this, xform);
         return;
     }
     DesignDatabase& database = designDatabaseOf(this);
@@ -100,7 +107,9 @@ oaFig* oaFig::copy(const oaTransform& xform) const {
 
 oaFig* oaFig::copy(const oaTransform& xform, oaBlock* block) const {
     DesignDatabase& to = edited(block);
-    oaFig* fig = isInstance(this) ? copyInst(this, xform, to) : copyShape(this, xform, to);
+    oaFig* fig = isInstance(this) ? copyInst(this, xform, to)
+                 : isVia()        ? copyVia(this, xform, to)
+                                  : copyShape(this, xform, to);
     copyProperties(this, fig);
     return fig;
 }

@@ -7,11 +7,14 @@
 #include "design/src/open_designs.h"
 #include "design/src/shape_edit.h"
 #include "design/src/vector_insts.h"
+#include "design/src/via_edit.h"
 #include "oa/oaDesignException.h"
 #include "oa/oaInstHeader.h"
 #include "oa/oaInstTerm.h"
 #include "oa/oaParamArray.h"
 #include "oa/oaTransform.h"
+#include "oa/oaVia.h"
+#include "oa/oaViaHeader.h"
 
 namespace OpenAccess_4 {
 
@@ -96,42 +99,56 @@ oaFig* copyInst(const oaObject* original, const oaTransform& xform, DesignDataba
 } // namespace impl
 
 oaDesign* oaRef::getMaster() const {
+    if (isVia())
+        return designDatabaseOf(this).vias.masterOf(recordOf<ViaRecord>(this).sub);
     return designDatabaseOf(this).instances.masterOf(slotOf(this));
 }
 
 oaBoolean oaRef::isBound() const {
+    if (isVia())
+        return designDatabaseOf(this).vias.boundMaster(recordOf<ViaRecord>(this).sub) != nullptr;
     return designDatabaseOf(this).instances.boundMasterOf(slotOf(this)) != nullptr;
 }
 
 oaRefHeader* oaRef::getHeader() const {
-    return static_cast<const oaInst*>(this)->getHeader(); // all references are instances
+    if (isVia())
+        return static_cast<const oaVia*>(this)->getHeader();
+    return static_cast<const oaInst*>(this)->getHeader();
 }
 
 void oaRef::getOrigin(oaPoint& origin) const {
-    const InstRecord& inst = shownInst(this);
-    origin = oaPoint(inst.x, inst.y);
+    oaTransform xform;
+    getTransform(xform);
+    origin = xform.offset();
 }
 
 oaOrient oaRef::getOrient() const {
+    if (isVia())
+        return oaOrientEnum(recordOf<ViaRecord>(this).orient);
     return oaOrientEnum(shownInst(this).orient);
 }
 
 void oaRef::getTransform(oaTransform& xform) const {
-    xform = transformOf(shownInst(this));
+    xform = isVia() ? viaTransform(recordOf<ViaRecord>(this)) : transformOf(shownInst(this));
 }
 
 void oaRef::setOrigin(const oaPoint& origin) {
-    InstRecord& inst = editedInst(this);
-    inst.x = origin.x();
-    inst.y = origin.y();
+    setTransform(oaTransform(origin, getOrient()));
 }
 
 void oaRef::setOrient(oaOrient orient) {
-    editedInst(this).orient = std::uint8_t(orient);
+    oaPoint origin;
+    getOrigin(origin);
+    setTransform(oaTransform(origin, orient));
 }
 
 void oaRef::setTransform(const oaTransform& xform) {
-    place(editedInst(this), xform);
+    if (isVia()) {
+        edited(this);
+        placeVia(recordOf<ViaRecord>(this), xform);
+    } else {
+        place(editedInst(this), xform);
+    }
 }
 
 oaInst* oaInst::find(const oaBlock* block, const oaSimpleName& name) {

@@ -3,7 +3,9 @@
 #include "base/src/geometry.h"
 #include "base/src/source.h"
 #include "design/src/design_database.h"
+#include "design/src/instance_edit.h"
 #include "design/src/names.h"
+#include "design/src/via_edit.h"
 #include "oa/oaBlock.h"
 #include "oa/oaDesign.h"
 #include "oa/oaParamArray.h"
@@ -54,29 +56,53 @@ oaInstHeader* headerBoundTo(Instances& instances, const oaDesign* submaster) {
 
 } // namespace
 
+void impl::addDefaults(oaParamArray& given, const oaDesign* superMaster) {
+    if (!superMaster || !superMaster->isSuperMaster())
+        return;
+    oaParamArray params;
+    superMaster->getParams(params);
+    for (oaUInt4 i = 0; i < params.getNumElements(); ++i) {
+        oaString name;
+        oaParam param;
+        params[i].getName(name);
+        if (given.find(name, param) && param.getType() == params[i].getType())
+            params[i] = param;
+    }
+    given = params;
+}
+
 oaDesign* oaRefHeader::getMaster() const {
+    if (ViaHeaderView::isOne(this))
+        return ViaHeaderView(this).master();
     Instances& instances = instancesOf(this);
     return isSub(this) ? instances.masterOf(instances.subHeaders.firstInst(slotOf(this)))
                        : instances.bind(slotOf(this));
 }
 
 oaBoolean oaRefHeader::isBound() const {
+    if (ViaHeaderView::isOne(this))
+        return ViaHeaderView(this).boundMaster() != nullptr;
     Instances& instances = instancesOf(this);
     return (isSub(this) ? instances.boundMasterOf(instances.subHeaders.firstInst(slotOf(this)))
                         : instances.boundMaster(slotOf(this))) != nullptr;
 }
 
 oaBoolean oaRefHeader::isSuperHeader() const {
+    if (ViaHeaderView::isOne(this))
+        return !ViaHeaderView(this).isSub();
     return !isSub(this) && instancesOf(this).isPcell(slotOf(this));
 }
 
 oaBoolean oaRefHeader::isSubHeader() const {
-    return isSub(this);
+    return ViaHeaderView::isOne(this) ? ViaHeaderView(this).isSub() : isSub(this);
 }
 
 oaRefHeader* oaRefHeader::getSuperHeader() const {
-    if (!isSub(this))
+    if (!isSubHeader())
         return nullptr;
+    if (ViaHeaderView::isOne(this))
+        return static_cast<oaRefHeader*>(
+            designDatabaseOf(this).vias.headers.handle(ViaHeaderView(this).superHeader()));
     return static_cast<oaRefHeader*>(instancesOf(this).masters.handle(masterOf(this)));
 }
 
@@ -86,6 +112,10 @@ void oaRefHeader::getMasterBBox(oaBox& bBox) const {
 }
 
 void oaRefHeader::getBBox(oaBox& bBox) const {
+    if (ViaHeaderView::isOne(this)) {
+        bBox = ViaHeaderView(this).box();
+        return;
+    }
     bBox = emptyBox();
     for (const std::uint32_t inst : instsOf(this))
         enlarge(bBox, instancesOf(this).boxOf(inst));
@@ -152,18 +182,7 @@ void oaInstHeader::getParams(oaParamArray& params) const {
 
 void oaInstHeader::getAllParams(oaParamArray& params) const {
     getParams(params);
-    const oaDesign* superMaster = instancesOf(this).bind(masterOf(this));
-    if (!superMaster || !superMaster->isSuperMaster())
-        return;
-    const oaParamArray given = params;
-    superMaster->getParams(params);
-    for (oaUInt4 i = 0; i < params.getNumElements(); ++i) {
-        oaString name;
-        oaParam param;
-        params[i].getName(name);
-        if (given.find(name, param) && param.getType() == params[i].getType())
-            params[i] = param;
-    }
+    addDefaults(params, instancesOf(this).bind(masterOf(this)));
 }
 
 oaBoolean oaInstHeader::findParam(const oaString& name, oaParam& param) const {

@@ -40,12 +40,16 @@ oaParamArray defaultsOf(const oaDesign* superMaster) {
 
 } // namespace
 
-oaDesign* Instances::bindSub(std::uint32_t inst, oaDesign* superMaster) {
+oaDesign* submasterFor(oaDesign* superMaster, const oaParamArray& given) {
     try {
-        return submasterOf(superMaster, sorted(paramsOf(inst), defaultsOf(superMaster)).known);
+        return submasterOf(superMaster, sorted(given, defaultsOf(superMaster)).known);
     } catch (const oaException&) {
         return nullptr; // as a master that cannot be opened
     }
+}
+
+oaDesign* Instances::bindSub(std::uint32_t inst, oaDesign* superMaster) {
+    return submasterFor(superMaster, paramsOf(inst));
 }
 
 namespace {

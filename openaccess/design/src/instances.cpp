@@ -3,31 +3,14 @@
 #include "base/src/geometry.h"
 #include "design/src/design_database.h"
 #include "design/src/instance_edit.h"
+#include "design/src/measuring.h"
 #include "design/src/open_designs.h"
 #include "oa/oaInst.h"
 #include "oa/oaTransform.h"
 
 #include <unordered_set>
-#include <utility>
 
 namespace OpenAccess_4::impl {
-
-namespace {
-
-/// Sets a flag for a scope.
-class Measuring {
-public:
-    explicit Measuring(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    Measuring(const Measuring&) = delete;
-    Measuring& operator=(const Measuring&) = delete;
-    ~Measuring() { flag_ = before_; }
-
-private:
-    bool& flag_;
-    bool before_;
-};
-
-} // namespace
 
 oaTypeEnum InstRecord::type() const {
     switch (kind) {
@@ -243,20 +226,37 @@ oaBox Instances::boxOf(std::uint32_t slot) {
             nearestCoord(box.top() + std::max(dY, 0.0))};
 }
 
+namespace {
+
+/// The masters of the instances and vias of a design, which are bound on the way.
+std::vector<oaDesign*> mastersIn(DesignDatabase& design) {
+    std::vector<oaDesign*> masters;
+    const auto add = [&](oaDesign* master) {
+        if (master)
+            masters.push_back(master);
+    };
+    Instances& instances = design.instances;
+    for (std::uint32_t slot = 0; slot < instances.insts.slots(); ++slot)
+        if (instances.insts.isLive(slot))
+            add(instances.masterOf(slot));
+    Vias& vias = design.vias;
+    for (std::uint32_t slot = 0; slot < vias.subs.slots(); ++slot)
+        if (vias.subs.isLive(slot))
+            add(vias.masterOf(slot));
+    return masters;
+}
+
+} // namespace
+
 void openMastersOf(oaDesign* design, std::uint32_t levels) {
     std::unordered_set<oaDesign*> met = {design};
     std::vector<oaDesign*> level = {design};
     for (; levels > 0 && !level.empty(); --levels) {
         std::vector<oaDesign*> next;
-        for (const oaDesign* upper : level) {
-            Instances& instances = designDatabaseOf(upper).instances;
-            for (std::uint32_t slot = 0; slot < instances.insts.slots(); ++slot) {
-                oaDesign* master =
-                    instances.insts.isLive(slot) ? instances.masterOf(slot) : nullptr;
-                if (master && met.insert(master).second)
+        for (const oaDesign* upper : level)
+            for (oaDesign* master : mastersIn(designDatabaseOf(upper)))
+                if (met.insert(master).second)
                     next.push_back(master);
-            }
-        }
         level = std::move(next);
     }
 }

@@ -12,6 +12,9 @@ namespace OpenAccess_4::impl {
 
 void requireNoSubmasterGiven(const oaDesign* master) {
     const DesignNames& names = designDatabaseOf(master).names();
+    if (master->isStdViaMaster())
+        throw oaDesignError(oacInvalidInstMaster, names.lib.c_str(), names.cell.c_str(),
+                            names.view.c_str());
     if (master->isSubMaster())
         throw oaDesignError(oacInvalidSuperMaster, names.lib.c_str(), names.cell.c_str(),
                             names.view.c_str());

@@ -33,7 +33,8 @@ inline NewInst visible(NewInst inst, oaBlockDomainVisibility view) {
     return inst;
 }
 
-/// @throws oaDesignError  oacInvalidSuperMaster: instances are made of the super master instead
+/// @throws oaDesignError  oacInvalidSuperMaster: instances are made of the super master instead;
+///                        oacInvalidInstMaster: it is the master of a standard via
 void requireNoSubmasterGiven(const oaDesign* master);
 
 /// Makes the instance, with the implicit bits of a vector, and binds a master that was given.

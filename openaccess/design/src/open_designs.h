@@ -2,6 +2,7 @@
 
 #include "base/src/table.h"
 #include "design/src/instances.h"
+#include "design/src/via_masters.h"
 #include "dm/src/edit_lock.h"
 #include "dm/src/library_access.h"
 #include "oa/oaDesign.h"
@@ -49,14 +50,15 @@ struct OpenDesignRecord {
     std::uint32_t openings = 0; // by the application
     oaTime readInTime = 0;
     oaTime lastSavedTime = 0;
-    DesignPlace place;                       // what was made on disk for a design that is new
-    std::string path;                        // of the primary file
-    std::string header;                      // of the file that the content came from or went to
-    std::optional<EditLock> lock;            // held in every mode but 'r'
-    oaTech* tech = nullptr;                  // opened by getTech(), to be closed with the design
-    std::unique_ptr<SubmasterOrigin> origin; // of a submaster, which has neither file nor lock
-    Submasters submasters;                   // of a super master
-    std::uint32_t evaluations = 0;           // of it, or of its submasters, that are running
+    DesignPlace place;                          // what was made on disk for a design that is new
+    std::string path;                           // of the primary file
+    std::string header;                         // of the file that the content came from or went to
+    std::optional<EditLock> lock;               // held in every mode but 'r'
+    oaTech* tech = nullptr;                     // opened by getTech(), to be closed with the design
+    std::unique_ptr<SubmasterOrigin> origin;    // of a submaster, which has neither file nor lock
+    std::unique_ptr<ViaMasterOrigin> viaOrigin; // of the master of a standard via: the same
+    Submasters submasters;                      // of a super master
+    std::uint32_t evaluations = 0;              // of it, or of its submasters, that are running
     std::unordered_set<oaDesign*> binders; // designs with instances that are, or were, bound to it
     std::unique_ptr<DesignDatabase> content;
 
@@ -69,6 +71,7 @@ struct OpenDesignRecord {
 // Tables of the session.
 inline constexpr std::uint32_t kOpenDesignTable = 48;
 inline constexpr std::uint32_t kSubmasterTable = 49;
+inline constexpr std::uint32_t kViaMasterTable = 50;
 
 /// The designs that are found by their names.
 Table<OpenDesignRecord>& openDesigns();

@@ -59,6 +59,7 @@ void writeToAnotherFile(const OpenDesignRecord& record, const DesignNames& names
 
 void saveDesign(oaDesign* design) {
     OpenDesignRecord& record = recordFor(design);
+    requireNoViaMaster(design);
     if (record.origin)
         throw designError(oacSaveScratchModeDesign, record.names);
     if (record.mode == 'r')

@@ -234,6 +234,7 @@ void requireNotEvaluated(const oaDesign* design) {
 }
 
 void requireNoSubmaster(const oaDesign* design) {
+    requireNoViaMaster(design);
     const OpenDesignRecord& record = recordFor(design);
     if (record.origin)
         throw designError(oacCannotModifySubMaster, record.names);

@@ -32,7 +32,7 @@ void evaluateSuperMaster(oaDesign* superMaster);
 /// @throws oaDesignError  oacPcellBeingEvaluated: the design, or a submaster of it, is
 void requireNotEvaluated(const oaDesign* design);
 
-/// @throws oaDesignError  oacCannotModifySubMaster
+/// @throws oaDesignError  oacCannotModifySubMaster, oacCannotModifyViaMaster
 void requireNoSubmaster(const oaDesign* design);
 
 } // namespace OpenAccess_4::impl

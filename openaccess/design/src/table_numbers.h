@@ -22,6 +22,10 @@ inline constexpr std::uint32_t kInstTermTable = 21;
 inline constexpr std::uint32_t kSubHeaderTable = 22; // not stored, nor the next two
 inline constexpr std::uint32_t kOccurrenceTable = 23;
 inline constexpr std::uint32_t kOccInstTable = 24;
+inline constexpr std::uint32_t kViaHeaderTable = 25;
+inline constexpr std::uint32_t kViaSubHeaderTable = 26;
+inline constexpr std::uint32_t kViaParamTable = 27;
+inline constexpr std::uint32_t kViaTable = 28;
 // 40 to 47 are the tables of pcells.
 inline constexpr std::uint32_t kSuperMasterTable = 40;
 inline constexpr std::uint32_t kPcellParamTable = 41;
@@ -54,7 +58,7 @@ inline constexpr bool holdsShapes(std::uint32_t table) {
 }
 
 inline constexpr bool holdsFigures(std::uint32_t table) {
-    return table == kInstTable || holdsShapes(table);
+    return table == kInstTable || table == kViaTable || holdsShapes(table);
 }
 
 } // namespace OpenAccess_4::impl

@@ -17,6 +17,8 @@ class oaPin;
 class oaShape;
 class oaTerm;
 class oaTermArray;
+class oaVia;
+class oaViaHeader;
 
 /// The content of a design: what is drawn and what is connected. A design has one at most.
 class OA_API oaBlock : public oaBlockObject {
@@ -25,7 +27,7 @@ public:
     static oaBlock* create(const oaDesign* design, oaBoolean visibleToModule = true);
 
     /// The smallest box around everything in the block; an inverted one when there is nothing.
-    /// Binds the masters of the instances.
+    /// Binds the masters of the instances and vias.
     void getBBox(oaBox& bBox) const;
     /// The database units in one user unit, as the technology says for the design's view type.
     oaUInt4 getDBUPerUU() const;
@@ -45,6 +47,10 @@ public:
     getInstTerms(oaUInt4 filterFlags = oacInstTermIterNotImplicit) const;
     /// One for each master. Sub headers lie under those of pcells.
     oaCollection<oaInstHeader, oaBlock> getInstHeaders() const;
+
+    oaCollection<oaVia, oaBlock> getVias() const;
+    /// One for each via definition. Sub headers lie under them.
+    oaCollection<oaViaHeader, oaBlock> getViaHeaders() const;
 
     /// The layers and the layer-purpose pairs that something is drawn on.
     oaCollection<oaLayerHeader, oaBlock> getLayerHeaders() const;

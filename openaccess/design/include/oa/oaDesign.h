@@ -5,6 +5,7 @@
 
 namespace OpenAccess_4 {
 
+class oaCustomViaDef;
 class oaLib;
 class oaNameSpace;
 class oaOccurrence;
@@ -12,7 +13,9 @@ class oaParam;
 class oaParamArray;
 class oaPcellDef;
 class oaScalarName;
+class oaStdViaDef;
 class oaTech;
+class oaViaParam;
 class oaViewType;
 
 /// The design database of a cell view: opened, changed and saved as a whole.
@@ -50,7 +53,16 @@ public:
     static oaDesign* open(const oaScalarName& libName, const oaScalarName& cellName,
                           const oaScalarName& viewName, const oaParamArray& params);
 
-    /// The open design of these names, or null. It is not counted. Submasters are not found.
+    /// The master of the standard vias of a definition that were given these parameters: cuts and
+    /// the layers around them, as the definition and the parameters say now. It is in no library
+    /// and can be neither changed nor saved; a change of the definition makes another one. Null
+    /// when it would reach beyond the range of coordinates, or have too many cuts.
+    static oaDesign* open(oaStdViaDef* viaDef, oaViaParam* params = nullptr);
+    /// The master of a custom via, opened for reading; of a pcell the submaster, as above.
+    static oaDesign* open(oaCustomViaDef* viaDef, oaParamArray* params = nullptr);
+
+    /// The open design of these names, or null. It is not counted. Submasters and masters of
+    /// standard vias are not found.
     static oaDesign* find(const oaScalarName& libName, const oaScalarName& cellName,
                           const oaScalarName& viewName);
     /// True when the design is open or its file has a content.
@@ -88,7 +100,7 @@ public:
     /// levels, by default all. Masters that cannot be had are left out.
     void openHier(oaUInt4 numLevels = 0xFFFFFFFF);
 
-    /// 's', scratch, for a submaster.
+    /// 's', scratch, for a submaster and the master of a standard via.
     oaChar getMode() const;
     /// Calls of open() less calls of close(), and the other open designs with an instance that is
     /// bound to this one. For a super master those with an instance bound to one of its submasters
@@ -113,6 +125,12 @@ public:
     oaBlock* getTopBlock() const;
     /// The top of the hierarchy in which every path is told apart; null without a block.
     oaOccurrence* getTopOccurrence() const;
+
+    oaBoolean isStdViaMaster() const;
+    /// What the master of a standard via was made from; the values of the definition are those of
+    /// parameters by default.
+    /// @throws oaDesignError  oacInvalidViaMaster: it is another design
+    void getParams(oaViaParam& params) const;
 
     oaTime getCreateTime() const;
     /// When the design was opened.

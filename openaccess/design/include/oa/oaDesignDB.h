@@ -40,3 +40,5 @@
 #include "oa/oaTerm.h"
 #include "oa/oaText.h"
 #include "oa/oaTextDisplay.h"
+#include "oa/oaVia.h"
+#include "oa/oaViaHeader.h"

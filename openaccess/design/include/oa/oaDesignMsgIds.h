@@ -67,6 +67,10 @@ enum oaDesignMsgIds {
     oacInstTermNotInSameBlock,
     oacInstTermsGoAnotherWay,
     oacTermNotInInstMaster,
+    oacInvalidViaDef,
+    oacInvalidViaMaster,
+    oacCannotModifyViaMaster,
+    oacInvalidInstMaster,
     oacPcellSubMasterNotProduced = 1201,
 };
 

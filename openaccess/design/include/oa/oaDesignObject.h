@@ -36,6 +36,7 @@ public:
     oaBoolean isTerm() const;
     oaBoolean isTextDisplay() const;
     oaBoolean isVia() const;
+    oaBoolean isViaHeader() const;
 
     OA_HANDLE(oaBlockObject);
 };

@@ -9,7 +9,7 @@ class oaNet;
 class oaPin;
 class oaTransform;
 
-/// Something of a block that has a place: a shape or an instance.
+/// Something of a block that has a place: a shape, an instance or a via.
 class OA_API oaFig : public oaBlockObject {
 public:
     /// The smallest box around the figure; an inverted one when it has no extent, as an instance

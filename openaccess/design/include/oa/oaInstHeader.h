@@ -21,8 +21,8 @@ public:
     oaDesign* getMaster() const;
     /// True when the master is open and known to the header. Opens and evaluates nothing.
     oaBoolean isBound() const;
-    /// True for the header of a pcell. One that is not bound is taken for a pcell when an instance
-    /// has parameters.
+    /// True for the header of a pcell, and for headers of vias that are no sub headers. One that is
+    /// not bound is taken for a pcell when an instance has parameters.
     oaBoolean isSuperHeader() const;
     /// True for one of the headers that a super header has for each set of parameters.
     oaBoolean isSubHeader() const;

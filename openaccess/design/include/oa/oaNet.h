@@ -12,6 +12,7 @@ class oaPin;
 class oaScalarName;
 class oaShape;
 class oaTerm;
+class oaVia;
 
 /// A connection inside a block. The nets here are scalar ones, also those with the
 /// name of a bit.
@@ -47,6 +48,9 @@ public:
     /// (oacShapeIterNetPins), or both.
     oaCollection<oaShape, oaNet> getShapes(oaUInt4 filterFlags = oacShapeIterNetOnly |
                                                                  oacShapeIterNetPins) const;
+    /// The same for vias.
+    oaCollection<oaVia, oaNet> getVias(oaUInt4 filterFlags = oacViaIterNetOnly |
+                                                             oacViaIterNetPins) const;
 
     /// False: there are no constraint groups here.
     oaBoolean hasDefaultConstraintGroup() const;

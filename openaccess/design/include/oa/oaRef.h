@@ -13,7 +13,8 @@ class OA_API oaRef : public oaPinFig {
 public:
     /// The master, which is opened for reading when it is not open; null when it cannot be. Of a
     /// pcell, the submaster for the parameters, which is evaluated when it is not there; one whose
-    /// evaluation failed has no block.
+    /// evaluation failed has no block. Of a standard via, the design that is made from its
+    /// parameters.
     oaDesign* getMaster() const;
     /// True when the master is open and known to the reference. Opens and evaluates nothing.
     oaBoolean isBound() const;

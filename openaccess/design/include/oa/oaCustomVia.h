@@ -1,0 +1,3 @@
+#pragma once
+
+#include "oa/oaVia.h"
