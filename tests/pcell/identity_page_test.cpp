@@ -63,7 +63,7 @@ TEST(IdentityPage, ShowsTheBytesOfItsExample) {
 
 TEST(IdentityPage, NamesTheFileOfItsExample) {
     const SubmasterIdentity identity = identityOfTheExample();
-    EXPECT_TRUE(isOnThePage("\n    " + identity.hash + "\n")) << identity.hash;
+    EXPECT_TRUE(isOnThePage("\n" + identity.hash + "\n")) << identity.hash;
     EXPECT_TRUE(isOnThePage(".vexPcells/" + identity.hash + "\n"));
     EXPECT_TRUE(
         isOnThePage("Together they are " + std::to_string(identity.bytes.size()) + " bytes"));
