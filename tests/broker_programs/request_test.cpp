@@ -160,9 +160,9 @@ std::string bytesOfExample() {
         ovalis::test::readText(ovalis::test::sourceTree() / "docs" / "broker.md"));
     std::string bytes;
     for (std::string line; std::getline(lines, line);) {
-        if (!line.starts_with("    > "))
+        if (!line.starts_with("> "))
             continue;
-        std::istringstream words(line.substr(6));
+        std::istringstream words(line.substr(2));
         for (std::string word; words >> word && word.size() == 2 && std::isxdigit(word[0]);)
             bytes += static_cast<char>(std::stoi(word, nullptr, 16));
     }
