@@ -142,6 +142,20 @@ void place(oa::oaDesign* design) {
     addProps(oa::oaInstTerm::create(net, bit, 0u));
 }
 
+void placeVias(oa::oaBlock* block) {
+    const oa::oaTech* tech = block->getDesign()->getTech();
+    const auto* standard = static_cast<oa::oaStdViaDef*>(oa::oaViaDef::find(tech, "via"));
+    oa::oaViaParam rows;
+    rows.setCutRows(3);
+    rows.setCutPatternVal(2, 0, false);
+    addProps(oa::oaStdVia::create(block, standard, oa::oaTransform(10, 20, oa::oacR90)));
+    oa::oaStdVia::create(block, standard, oa::oaTransform(30, 40), &rows)
+        ->addToNet(oa::oaNet::find(block, general("vdd")));
+    oa::oaStdVia::create(block, standard, oa::oaTransform(50, 60), &rows);
+    const auto* custom = static_cast<oa::oaCustomViaDef*>(oa::oaViaDef::find(tech, "custom via"));
+    oa::oaCustomVia::create(block, custom, oa::oaTransform(70, 80, oa::oacMY));
+}
+
 } // namespace
 
 void fill(oa::oaDesign* design) {
@@ -153,6 +167,7 @@ void fill(oa::oaDesign* design) {
     drawLines(block);
     drawTexts(block, connect(block));
     place(design);
+    placeVias(block);
 }
 
 void makeMaster(oa::oaDesign* design) {

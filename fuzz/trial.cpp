@@ -75,6 +75,19 @@ auto openedOrNull(Open open) -> decltype(open()) {
     }
 }
 
+/// The technology of a library with definitions of vias, while it lives: nothing of them is on
+/// disk.
+class WithVias {
+public:
+    explicit WithVias(oa::oaLib* lib) : tech_(oa::oaTech::open(lib, 'a')) { defineVias(tech_); }
+    ~WithVias() { tech_->purge(); }
+    WithVias(const WithVias&) = delete;
+    WithVias& operator=(const WithVias&) = delete;
+
+private:
+    oa::oaTech* tech_;
+};
+
 } // namespace
 
 Trial::Trial(const std::string& directory) : directory_(directory) {
@@ -110,6 +123,7 @@ bool Trial::run(std::span<const std::byte> bytes) {
 }
 
 bool Trial::runDesign(std::span<const std::byte> bytes) {
+    const WithVias tech(lib_);
     writeFile(designPath(), bytes);
     oa::oaDesign* design = openedOrNull([] { return openDesign('a'); });
     if (!design)
@@ -153,6 +167,7 @@ bool Trial::runTech(std::span<const std::byte> bytes) {
 }
 
 std::string Trial::designFile(const std::function<void(oa::oaDesign*)>& change) {
+    const WithVias tech(lib_);
     oa::oaDesign* design = openDesign('w');
     change(design);
     design->save();

@@ -16,6 +16,9 @@ void makeDefinitions();
 std::uint64_t visitDesign(const oa::oaDesign* design);
 std::uint64_t visitTech(const oa::oaTech* tech);
 
+class Digest;
+void visitViaParam(const oa::oaViaParam& params, Digest& digest);
+
 /// Destroys one of two objects of every kind.
 void destroyHalf(oa::oaBlock* block);
 
@@ -23,6 +26,9 @@ void destroyHalf(oa::oaBlock* block);
 /// the design itself, and one that is not there, as their masters.
 void fill(oa::oaDesign* design);
 void fill(oa::oaTech* tech);
+
+/// Makes the definitions, "via" and "custom via", of the vias that fill() puts into a design.
+void defineVias(oa::oaTech* tech);
 
 /// Gives an object a property of every kind.
 void addProps(oa::oaObject* object);

@@ -106,6 +106,50 @@ void visitHeader(const oa::oaInstHeader* header, Digest& digest) {
     }
 }
 
+void visitVia(const oa::oaVia* via, Digest& digest) {
+    oa::oaString name;
+    oa::oaBox box;
+    oa::oaTransform xform;
+    visitObject(via, digest);
+    via->getViaDefName(name);
+    digest.add(name);
+    via->getBBox(box);
+    digest.add(box);
+    via->getTransform(xform);
+    digest.add(xform.offset());
+    digest.add(via->getOrient());
+    digest.add(via->getViaDef() != nullptr);
+    digest.add(via->getMaster() != nullptr);
+    digest.add(via->hasNet());
+    digest.add(via->getHeader()->isSubHeader());
+    if (via->getType() == oa::oacStdViaType) {
+        oa::oaViaParam params;
+        static_cast<const oa::oaStdVia*>(via)->getViaParams(params);
+        return visitViaParam(params, digest);
+    }
+    oa::oaParamArray params;
+    static_cast<const oa::oaCustomVia*>(via)->getParams(params);
+    visitParams(params, digest);
+}
+
+void visitViaHeader(const oa::oaViaHeader* header, Digest& digest) {
+    oa::oaString name;
+    oa::oaBox box;
+    visitObject(header, digest);
+    header->getViaDefName(name);
+    digest.add(name);
+    header->getBBox(box);
+    digest.add(box);
+    digest.add(header->getVias().getCount());
+    digest.add(header->getMaster() != nullptr);
+    oa::oaIter<oa::oaViaHeader> subs(header->getSubHeaders());
+    while (const oa::oaViaHeader* sub = subs.getNext()) {
+        visitObject(sub, digest);
+        digest.add(sub->getVias().getCount());
+        digest.add(sub->getSuperHeader() == header);
+    }
+}
+
 void visitInstTerm(const oa::oaInstTerm* term, Digest& digest) {
     oa::oaString name;
     visitObject(term, digest);
@@ -176,6 +220,7 @@ void visitNet(const oa::oaNet* net, Digest& digest) {
     digest.add(net->getPins().getCount());
     digest.add(net->getShapes().getCount());
     digest.add(net->getInstTerms().getCount());
+    digest.add(net->getVias().getCount());
 }
 
 void visitLayers(const oa::oaBlock* block, Digest& digest) {
@@ -224,6 +269,8 @@ std::uint64_t visitDesign(const oa::oaDesign* design) {
     visitAll(block->getInsts(oa::oacInstIterAll), digest, visitInst);
     visitAll(block->getInstHeaders(), digest, visitHeader);
     visitAll(block->getInstTerms(), digest, visitInstTerm);
+    visitAll(block->getVias(), digest, visitVia);
+    visitAll(block->getViaHeaders(), digest, visitViaHeader);
     return digest.value();
 }
 
@@ -247,6 +294,7 @@ void destroyHalf(oa::oaBlock* block) {
     destroyHalfOf(block->getShapes());
     destroyHalfOf(block->getInstTerms());
     destroyHalfOf(block->getInsts());
+    destroyHalfOf(block->getVias());
     destroyHalfOf(block->getPins());
     destroyHalfOf(block->getTerms());
     destroyHalfOf(block->getNets());

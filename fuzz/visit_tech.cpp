@@ -88,7 +88,65 @@ void visitValue(const oa::oaValue* value, Digest& digest) {
     }
 }
 
+void visitStdViaDef(const oa::oaStdViaDef* def, Digest& digest) {
+    oa::oaViaParam params;
+    def->getParams(params);
+    visitViaParam(params, digest);
+    digest.add(def->getImplant1Num());
+    digest.add(def->getImplant2() != nullptr);
+}
+
+void visitViaDef(const oa::oaTech* tech, const oa::oaViaDef* def, Digest& digest) {
+    visitObject(def, digest);
+    oa::oaString name;
+    def->getName(name);
+    digest.add(name);
+    digest.add(oa::oaViaDef::find(tech, name) != nullptr);
+    digest.add(def->getLayer1Num());
+    digest.add(def->getLayer2() != nullptr);
+    digest.add(def->hasLayer(1));
+    digest.add(def->getResistancePerCut());
+    if (def->getType() == oa::oacStdViaDefType)
+        return visitStdViaDef(static_cast<const oa::oaStdViaDef*>(def), digest);
+    static_cast<const oa::oaCustomViaDef*>(def)->getCellName(oa::oaNativeNS(), name);
+    digest.add(name);
+}
+
+void visitSiteDef(const oa::oaSiteDef* def, Digest& digest) {
+    visitObject(def, digest);
+    oa::oaString name;
+    def->getName(name);
+    digest.add(name);
+    digest.add(def->getSiteDefType());
+    digest.add(def->getWidth());
+    digest.add(def->getHeight());
+    digest.add(def->isSymmetricInX());
+    if (def->getType() != oa::oacArraySiteDefType)
+        return;
+    oa::oaSitePattern pattern;
+    static_cast<const oa::oaArraySiteDef*>(def)->getSitePattern(pattern);
+    for (oa::oaUInt4 i = 0; i < pattern.getNumElements(); ++i) {
+        digest.add(pattern[i].siteName());
+        digest.add(pattern[i].transform().offset());
+    }
+}
+
 } // namespace
+
+void visitViaParam(const oa::oaViaParam& params, Digest& digest) {
+    for (int type = 0; type <= oa::oacCutHeightViaParamType; ++type)
+        digest.add(params.hasDefault(oa::oaViaParamTypeEnum(type)));
+    digest.add(params.hasDefaultCutPattern());
+    digest.add(params.getCutPatternVal(0, 1));
+    for (const oa::oaUInt4 number :
+         {params.getCutLayer(), params.getCutColumns(), params.getCutRows(), params.getCutWidth(),
+          params.getCutHeight()})
+        digest.add(number);
+    for (const oa::oaVector& vector : {params.getLayer1Enc(), params.getOriginOffset()}) {
+        digest.add(vector.x());
+        digest.add(vector.y());
+    }
+}
 
 std::uint64_t visitTech(const oa::oaTech* tech) {
     Digest digest;
@@ -106,6 +164,12 @@ std::uint64_t visitTech(const oa::oaTech* tech) {
     oa::oaIter<oa::oaValue> values(tech->getValues());
     while (const oa::oaValue* value = values.getNext())
         visitValue(value, digest);
+    oa::oaIter<oa::oaViaDef> viaDefs(tech->getViaDefs());
+    while (const oa::oaViaDef* def = viaDefs.getNext())
+        visitViaDef(tech, def, digest);
+    oa::oaIter<oa::oaSiteDef> siteDefs(tech->getSiteDefs());
+    while (const oa::oaSiteDef* def = siteDefs.getNext())
+        visitSiteDef(def, digest);
     return digest.value();
 }
 

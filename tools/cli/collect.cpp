@@ -1,5 +1,6 @@
 #include "cli/collect.h"
 
+#include <algorithm>
 #include <set>
 
 #include <ovalis/core.h>
@@ -177,6 +178,9 @@ public:
         oa::oaIter<oa::oaInst> insts(block.getInsts());
         while (oa::oaInst* inst = insts.getNext())
             addInstance(*inst, transform, depth);
+        oa::oaIter<oa::oaVia> vias(block.getVias());
+        while (oa::oaVia* via = vias.getNext())
+            addVia(*via, transform, depth);
     }
 
     void addPins(oa::oaBlock& block) {
@@ -228,9 +232,35 @@ private:
         picture_.texts.push_back(text);
     }
 
+    /// The block of the master of an instance or via; null when there is none to show.
+    static oa::oaBlock* masterOf(oa::oaRef& ref, int depth) {
+        oa::oaDesign* master = depth < deepestInstance ? ref.getMaster() : nullptr;
+        return master == nullptr ? nullptr : master->getTopBlock();
+    }
+
+    void addPlaced(oa::oaRef& ref, oa::oaBlock& block, const oa::oaTransform& transform,
+                   int depth) {
+        oa::oaTransform place;
+        ref.getTransform(place);
+        place.concat(transform);
+        addBlock(block, place, depth + 1);
+    }
+
+    void addVia(oa::oaVia& via, const oa::oaTransform& transform, int depth) {
+        if (oa::oaBlock* block = masterOf(via, depth)) {
+            addPlaced(via, *block, transform, depth);
+            return;
+        }
+        oa::oaString name;
+        via.getViaDefName(name);
+        const std::string note = "via " + ovalis::fromOa(name) + " has no master to show";
+        // A layout may have thousands of one definition.
+        if (std::ranges::find(picture_.notes, note) == picture_.notes.end())
+            picture_.notes.push_back(note);
+    }
+
     void addInstance(oa::oaInst& inst, const oa::oaTransform& transform, int depth) {
-        oa::oaDesign* master = depth < deepestInstance ? inst.getMaster() : nullptr;
-        oa::oaBlock* block = master == nullptr ? nullptr : master->getTopBlock();
+        oa::oaBlock* block = masterOf(inst, depth);
         if (block == nullptr) {
             oa::oaString name;
             inst.getName(oa::oaNativeNS(), name);
@@ -241,10 +271,7 @@ private:
             addArray(static_cast<oa::oaArrayInst&>(inst), *block, transform, depth);
             return;
         }
-        oa::oaTransform place;
-        inst.getTransform(place);
-        place.concat(transform);
-        addBlock(*block, place, depth + 1);
+        addPlaced(inst, *block, transform, depth);
     }
 
     void addArray(oa::oaArrayInst& array, oa::oaBlock& block, const oa::oaTransform& transform,
