@@ -4,6 +4,7 @@
 
 #include "platform/child_process.h"
 #include "platform/process.h"
+#include "tools/broker/request_queue.h"
 #include "tools/broker/result_directory.h"
 
 namespace broker::test {
@@ -201,6 +202,26 @@ TEST_F(FrontTest, GoesWithItsHostAndLeavesNothing) {
         EXPECT_EQ(broker->end(timeToGo), (platform::ProcessEnd{false, 0})) << cell;
         EXPECT_EQ(leftovers(), 0u) << cell;
     }
+}
+
+TEST_F(FrontTest, GoesWithAHostThatIsAheadOfItsAnswers) {
+    const auto broker = start();
+    std::string ahead = request("hang");
+    for (int i = 0; i < 1000; ++i)
+        ahead += setWorkingDirectory("/one");
+    EXPECT_TRUE(broker->send(ahead));
+    broker->leave();
+    EXPECT_EQ(broker->end(timeToGo), (platform::ProcessEnd{false, 0}));
+    EXPECT_EQ(leftovers(), 0u);
+}
+
+TEST_F(FrontTest, EndsTheConnectionWhenTooManyRequestsWait) {
+    const auto broker = start();
+    // One request is being served, and one is too many.
+    broker->send(request("hang") + std::string(RequestQueue::mostRequests + 2, '\0'));
+    EXPECT_EQ(broker->end(timeToGo), (platform::ProcessEnd{false, 1}));
+    EXPECT_EQ(broker->said(), "front: too many requests wait for their answers\n");
+    EXPECT_EQ(leftovers(), 0u);
 }
 
 class KilledHostTest : public FrontTest, public ::testing::WithParamInterface<const char*> {};
