@@ -79,6 +79,7 @@ struct Options {
     ReportOptions report;
     DrawOptions draw;
     CopyOptions copy;
+    DiffOptions diff;
     EvaluateOptions evaluate;
     HashOptions hash;
     CacheOptions cacheList;
@@ -180,6 +181,20 @@ void addCopy(CLI::App& app, Options& options, Run& run) {
                     "Name of the copy; the directory's name when not given")
         ->type_name("NAME");
     onDatabases(command, run, [&] { return copyCommand(options.copy, run.console); });
+}
+
+void addDiff(CLI::App& app, Options& options, Run& run) {
+    CLI::App& command = addCommand(app, "diff");
+    command
+        .add_option("SIDES", options.diff.sides,
+                    "Two libraries, or two designs: DIR1 [CELL1 VIEW1] DIR2 [CELL2 VIEW2]")
+        ->type_name("DIR [CELL VIEW]")
+        ->expected(1, -1)
+        ->required();
+    addLibs(command, options.diff.libs);
+    command.add_flag("--json", options.diff.json, "Write JSON for programs");
+    command.add_flag("-q,--quiet", options.diff.quiet, "Write nothing; the exit status tells");
+    onDatabases(command, run, [&] { return diffCommand(options.diff, run.console); });
 }
 
 void addEvaluate(CLI::App& app, Options& options, Run& run) {
@@ -304,6 +319,7 @@ std::unique_ptr<CLI::App> makeProgram(Options& options, Run& run) {
     addReport(app, options, run);
     addDraw(app, options, run);
     addCopy(app, options, run);
+    addDiff(app, options, run);
     addMakePcell(app, options, run);
     addPlace(app, options, run);
     addEvaluate(app, options, run);

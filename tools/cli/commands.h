@@ -68,6 +68,15 @@ struct CopyOptions {
     LibraryOptions destination;
 };
 
+struct DiffOptions {
+    /// Two directories of libraries, or each with a cell and a view.
+    std::vector<std::string> sides;
+    /// The top library list; the first library's own `lib.defs` when empty.
+    std::string libs;
+    bool json = false;
+    bool quiet = false;
+};
+
 /// A pcell with values for some of its parameters.
 struct PcellOptions {
     CellViewOptions pcell;
@@ -174,6 +183,10 @@ int drawCommand(const DrawOptions& options, Console& console);
 
 /// Copies a library.
 int copyCommand(const CopyOptions& options, Console& console);
+
+/// Tells what differs between two libraries or designs; `somethingMissing` when something does,
+/// `failure` when something could not be read.
+int diffCommand(const DiffOptions& options, Console& console);
 
 /// Evaluates a pcell and says what served it; `somethingMissing` when it could not be evaluated.
 int evaluateCommand(const EvaluateOptions& options, Console& console);

@@ -11,6 +11,17 @@ namespace OpenAccess_4::impl {
 
 using AppDefObserver = oaVersionedObserver<oaAppDef, 0>;
 
+namespace {
+
+/// A database does not keep how large the values of a definition of data are: they tell it.
+void learnSize(oaAppDef* def, std::string_view value) {
+    AppDefRecord& record = recordOf<AppDefRecord>(def);
+    if (record.ofDatabase && record.kind == AppValueKind::Data && record.defaultText.empty())
+        record.defaultText.assign(value.size(), '\0');
+}
+
+} // namespace
+
 AppValues::AppValues(Database& database)
     : database_(database),
       defs_(database.addTable<StoredAppDefRecord>(kAppDefTable)),
@@ -107,10 +118,13 @@ std::vector<oaObject*> AppValues::definitionsOf(const ObjectRef& owner) {
     std::vector<oaObject*> definitions;
     Session& session = Session::instance();
     for (const std::uint32_t slot : stored_.byOwner().slots(owner.key())) {
-        const StoredAppDefRecord& stored = defs_[stored_.table[slot].def];
-        definitions.push_back(session.getStoredAppDef(stored.kind,
-                                                      database_.strings.text(stored.objectClass),
-                                                      database_.strings.text(stored.name)));
+        const AppValueRecord& value = stored_.table[slot];
+        const StoredAppDefRecord& stored = defs_[value.def];
+        oaAppDef* def =
+            session.getStoredAppDef(stored.kind, database_.strings.text(stored.objectClass),
+                                    database_.strings.text(stored.name));
+        learnSize(def, database_.strings.text(value.text));
+        definitions.push_back(def);
     }
     for (const std::uint32_t slot : transient_.byOwner().slots(owner.key()))
         definitions.push_back(session.appDefs().handle(transient_.table[slot].def));
