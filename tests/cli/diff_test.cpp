@@ -68,10 +68,9 @@ TEST_F(Diff, OfAMovedPolygonIsOneLine) {
               (Outcome{1, line, ""}));
     const auto json =
         nlohmann::json::parse(ovalisHere({"diff", work.library(), copy, "--json"}).out);
-    EXPECT_EQ(json, nlohmann::json::parse(R"([{"place": "coil/layout",
+    EXPECT_EQ(json, nlohmann::json::parse(R"json([{"place": "coil/layout",
         "object": "polygon on M1/drawing (0, 30)-(90, 60)",
-        "change": "moved", "is": "(5, -2)"
-}])"));
+        "change": "moved", "is": "(5, -2)"}])json"));
 }
 
 TEST_F(Diff, OfAnotherItemDefinitionSaysFromWhereOn) {
@@ -95,8 +94,9 @@ TEST_F(Diff, OfTwoComponentsSaysWhatTheExportMadeOtherwise) {
     const Outcome outcome = ovalisHere({"diff", work.library(), other.library()});
     EXPECT_EQ(outcome.status, 1);
     for (const char* line : {"coil/layout: design: parameter \"N\" was int 2, is int 3\n",
-                             "coil/layout: net \"A\" renamed to \"P\"\n",
+
                              "coil/layout: terminal \"A\" renamed to \"P\"\n",
+                             "coil/layout: pin \"A\" of terminal \"A\" renamed to \"P\"\n",
                              "coil: file \"itemdef.skr\": content was "})
         EXPECT_THAT(outcome.out, HasSubstr(line));
 }
@@ -132,7 +132,7 @@ TEST_F(Diff, ReadsApplicationValuesOfOthers) {
         design->save();
         design->close();
     }
-    const std::string start = "coil/layout: net \"A\": application value \"others ";
+    const std::string start = "coil/layout: net \"net_ovalis_0\": application value \"others ";
     EXPECT_EQ(
         ovalisProgram({"diff", work.library(), copy}),
         (Outcome{1,
