@@ -27,6 +27,21 @@ public:
         return design;
     }
 
+    /// The definition of a via: a cut of 2 by 2 on the metal, and nothing around it.
+    oa::oaStdViaDef* via() {
+        oa::oaTech* tech = oa::oaTech::find(lib_.get());
+        if (!tech)
+            tech = oa::oaTech::create(lib_.get());
+        oa::oaViaParam params;
+        params.setCutLayer(3);
+        params.setCutWidth(2);
+        params.setCutHeight(2);
+        for (const auto set : {&oa::oaViaParam::setLayer1Enc, &oa::oaViaParam::setLayer2Enc})
+            (params.*set)(oa::oaVector(-1, -1));
+        return oa::oaStdViaDef::create(tech, "via", oa::oaPhysicalLayer::create(tech, "low", 201),
+                                       oa::oaPhysicalLayer::create(tech, "high", 202), params);
+    }
+
 private:
     ovalis::test::TemporaryDirectory directory_;
     ovalis::LibPtr lib_;
@@ -123,6 +138,22 @@ TEST(Collect, TellsOfInstancesWithoutMaster) {
                              oa::oaScalarName(names, "absent"), oa::oaScalarName(names, "layout"),
                              oa::oaScalarName(names, "I7"), oa::oaTransform(0, 0));
     EXPECT_EQ(collect(*top).notes, (std::vector<std::string>{"instance I7 has no master to show"}));
+}
+
+TEST(Collect, ShowsViasThroughTheirMasters) {
+    Drawn drawn;
+    oa::oaDesign* design = drawn.design("vias");
+    oa::oaStdViaDef* via = drawn.via();
+    oa::oaStdVia::create(design->getTopBlock(), via, oa::oaTransform(10, 20));
+    oa::oaStdVia::create(design->getTopBlock(), via, oa::oaTransform(30, 20));
+    const drawing::Picture picture = collect(*design);
+    EXPECT_TRUE(picture.notes.empty());
+    ASSERT_EQ(picture.layers.size(), 1u);
+    ASSERT_EQ(picture.layers.at(metal).closed.size(), 2u);
+    EXPECT_EQ(picture.layers.at(metal).closed[0],
+              (drawing::Points{{9, 19}, {11, 19}, {11, 21}, {9, 21}}));
+    via->destroy();
+    EXPECT_EQ(collect(*design).notes, std::vector<std::string>{"via via has no master to show"});
 }
 
 TEST(Collect, NamesLayersByTheDefaultTablesWithoutATechnologysName) {
