@@ -178,6 +178,34 @@ TEST_F(TechnologyTest, ReferencesDiffer) {
     is()->unsetRefs();
 }
 
+TEST_F(TechnologyTest, DefinitionsOfViasAndSitesDiffer) {
+    const auto fill = [](oa::oaTech* tech, bool second) {
+        oa::oaPhysicalLayer* const first = metal(tech, "M1", 1);
+        oa::oaPhysicalLayer* const other = metal(tech, "M2", 2);
+        oa::oaViaParam params;
+        params.setCutColumns(second ? 3 : 2);
+        params.setCutSpacing(oa::oaVector(5, 6));
+        if (second)
+            params.setCutPatternVal(0, 1, false);
+        oa::oaStdViaDef::create(tech, "via", first, other, params)
+            ->setResistancePerCut(second ? 0.5f : 0.25f);
+        const oa::oaNativeNS ns;
+        oa::oaCustomViaDef::create(tech, "own", oa::oaScalarName(ns, second ? "is" : "was"),
+                                   oa::oaScalarName(ns, "drawn"), oa::oaScalarName(ns, "layout"),
+                                   first, other);
+        oa::oaScalarSiteDef::create(tech, "site", oa::oacCoreSiteDefType, 10, second ? 21 : 20);
+    };
+    fill(was(), false);
+    fill(is(), true);
+    oa::oaScalarSiteDef::create(is(), "pad", oa::oacPadSiteDefType, 10, 10);
+    EXPECT_THAT(differences(),
+                ElementsAre("via definition \"via\": cut columns was 2, is 3",
+                            "via definition \"via\": cuts taken out was none, is 0,1",
+                            "via definition \"via\": resistance per cut was 0.25, is 0.5",
+                            "site definition \"site\": height was 20, is 21",
+                            "site definition \"pad\" added"));
+}
+
 TEST_F(TechnologyTest, GroupsDiffer) {
     inBoth([](oa::oaTech* tech) {
         metal(tech, "M1", 1);

@@ -100,7 +100,9 @@ Reader makeReader(const oa::oaAppDef& known) {
         oaAttrDisplay, oaPropDisplay, oaProp, oaIntProp, oaFloatProp, oaDoubleProp, oaBooleanProp,
         oaTimeProp, oaStringProp, oaAppProp, oaEnumProp, oaHierProp, oaGroup, oaGroupMember, oaTech,
         oaLayer, oaPhysicalLayer, oaDerivedLayer, oaSizedLayer, oaPurpose, oaValue, oaTechHeader,
-        oaDMData, oaLibDMData, oaCellDMData, oaViewDMData, oaCellViewDMData>(known);
+        oaViaDef, oaStdViaDef, oaCustomViaDef, oaSiteDef, oaScalarSiteDef, oaArraySiteDef, oaVia,
+        oaStdVia, oaCustomVia, oaViaHeader, oaStdViaHeader, oaCustomViaHeader, oaDMData,
+        oaLibDMData, oaCellDMData, oaViewDMData, oaCellViewDMData>(known);
 }
 
 /// Definitions live as long as the process.

@@ -44,16 +44,21 @@ std::string drawnContent(const oa::oaNet& net, const Labels& labels) {
     std::string text;
     for (const std::string& name : names)
         text += name + '\n';
-    const auto shapes = listOf(net.getShapes(oa::oacShapeIterNetOnly | oa::oacShapeIterNetPins));
-    return shapes.empty() ? text : text + numberText(digestOf(shapes, labels));
+    std::vector<const oa::oaPinFig*> drawn;
+    const auto shapes = net.getShapes(oa::oacShapeIterNetOnly | oa::oacShapeIterNetPins);
+    for (const oa::oaShape* shape : listOf(shapes))
+        drawn.push_back(shape);
+    for (const oa::oaVia* via : listOf(net.getVias(oa::oacViaIterNetOnly | oa::oacViaIterNetPins)))
+        drawn.push_back(via);
+    return drawn.empty() ? text : text + numberText(digestOf(drawn, labels));
 }
 
-std::vector<const oa::oaShape*> shapesOf(const oa::oaPin& pin) {
-    std::vector<const oa::oaShape*> shapes;
+std::vector<const oa::oaPinFig*> drawnOf(const oa::oaPin& pin) {
+    std::vector<const oa::oaPinFig*> drawn;
     for (const oa::oaPinFig* figure : listOf(pin.getFigs()))
-        if (figure->isShape())
-            shapes.push_back(static_cast<const oa::oaShape*>(figure));
-    return shapes;
+        if (figure->isShape() || figure->isVia())
+            drawn.push_back(figure);
+    return drawn;
 }
 
 std::string pinLabel(const oa::oaPin& pin, const Labels& labels) {
@@ -154,12 +159,12 @@ void Connectivity::matchTerms(const oa::oaBlock& was, const oa::oaBlock& is) {
     terms_ = matchByName(byName(was.getTerms(oa::oacTermIterAll)),
                          byName(is.getTerms(oa::oacTermIterAll)));
     matchByContent<oa::oaTerm>(terms_, [this](const oa::oaTerm& term) {
-        std::vector<const oa::oaShape*> shapes;
+        std::vector<const oa::oaPinFig*> drawn;
         for (const oa::oaPin* pin : listOf(term.getPins()))
-            for (const oa::oaShape* shape : shapesOf(*pin))
-                shapes.push_back(shape);
+            for (const oa::oaPinFig* figure : drawnOf(*pin))
+                drawn.push_back(figure);
         return numberText(labels_.numberOf(term.getNet())) + " " + enumText(term.getTermType()) +
-               " " + numberText(digestOf(shapes, labels_));
+               " " + numberText(digestOf(drawn, labels_));
     });
     label(terms_, labels_,
           [](const oa::oaTerm& term) { return "terminal " + quoted(nameOf(term)); });
@@ -175,7 +180,7 @@ void Connectivity::matchPins(const oa::oaBlock& was, const oa::oaBlock& is) {
     pins_ = matchByName(named(was), named(is));
     matchByContent<oa::oaPin>(pins_, [this](const oa::oaPin& pin) {
         return numberText(labels_.numberOf(pin.getTerm())) + " " +
-               numberText(digestOf(shapesOf(pin), labels_));
+               numberText(digestOf(drawnOf(pin), labels_));
     });
     label(pins_, labels_, [this](const oa::oaPin& pin) { return pinLabel(pin, labels_); });
 }

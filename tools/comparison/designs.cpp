@@ -80,6 +80,13 @@ std::map<std::string, Fields> headersOf(const oa::oaBlock& block, const LibraryN
                 ovalis::fromOa(cell) + "/" + ovalis::fromOa(view),
             *header);
     }
+    oa::oaIter<oa::oaViaHeader> definitions(block.getViaHeaders());
+    while (const oa::oaViaHeader* header = definitions.getNext())
+        if (hasAttachments(*header)) {
+            oa::oaString name;
+            header->getViaDefName(name);
+            add("vias of " + quoted(name), *header);
+        }
     oa::oaIter<oa::oaLPPHeader> pairs(block.getLPPHeaders());
     while (const oa::oaLPPHeader* header = pairs.getNext())
         if (hasAttachments(*header))

@@ -22,6 +22,9 @@ public:
     /// One of the things that come with names of their own.
     void add(const std::string& name, const std::string& text);
 
+    /// Takes over those of `fields` whose names are new.
+    void take(const Fields& fields) { all_.insert(fields.all_.begin(), fields.all_.end()); }
+
     const std::map<std::string, Field>& all() const { return all_; }
 
 private:

@@ -77,8 +77,8 @@ std::string Labels::made(const oa::oaObject& object) const {
         const auto& prop = static_cast<const oa::oaProp&>(object);
         return plainLabel<oa::oaProp>("property", object) + " of " + labelOf(*prop.getOwner());
     }
-    if (isShape(object))
-        return describe(static_cast<const oa::oaShape&>(object), *this);
+    if (isDrawn(object))
+        return describe(static_cast<const oa::oaPinFig&>(object), *this);
     return "object of the kind " + enumText(object.getType());
 }
 

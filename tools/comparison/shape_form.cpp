@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <bit>
 
+#include "comparison/attachments.h"
 #include "comparison/text.h"
+#include "comparison/via_params.h"
 
 namespace comparison {
 namespace {
 
 template <class Shape>
-const Shape& as(const oa::oaShape& shape) {
+const Shape& as(const oa::oaPinFig& shape) {
     return static_cast<const Shape&>(shape);
 }
 
@@ -34,6 +36,7 @@ public:
     virtual void choice(const char* name, std::uint64_t number, const oa::oaString& text) = 0;
     virtual void flag(const char* name, oa::oaBoolean value) = 0;
     virtual void object(const char* name, const oa::oaObject* object) = 0;
+    virtual void fields(const Fields& fields) = 0;
 
     template <class Enum>
     void choice(const char* name, const Enum& value) {
@@ -74,6 +77,7 @@ public:
         digest_.add(object == nullptr ? 0 : object->getType());
         digest_.add(labels_.numberOf(object));
     }
+    void fields(const Fields& fields) override { digest_.add(comparison::textOf(fields)); }
 
 private:
     Digest& digest_;
@@ -104,9 +108,10 @@ public:
     void flag(const char* name, oa::oaBoolean value) override { fields_.set(name, yesOrNo(value)); }
     void object(const char* name, const oa::oaObject* object) override {
         // A shape is not told here: its place may have changed, which is told of the shape.
-        if (object != nullptr && !isShape(*object))
+        if (object != nullptr && !isDrawn(*object))
             fields_.set(name, labels_.labelOf(*object));
     }
+    void fields(const Fields& fields) override { fields_.take(fields); }
 
 private:
     Fields& fields_;
@@ -217,14 +222,35 @@ void takePropDisplay(const oa::oaPropDisplay& display, FormTaker& taker) {
     takeStyle(display, taker);
 }
 
+void takeVia(const oa::oaVia& via, FormTaker& taker) {
+    oa::oaString name;
+    oa::oaPoint origin;
+    oa::oaViaParam params;
+    oa::oaParamArray ownParams;
+    Fields fields;
+    via.getViaDefName(name);
+    via.getOrigin(origin);
+    taker.text("definition", name);
+    taker.point("origin", origin);
+    taker.choice("orientation", via.getOrient());
+    if (via.getType() == oa::oacStdViaType) {
+        static_cast<const oa::oaStdVia&>(via).getViaParams(params);
+        addViaParams(fields, params);
+    } else {
+        static_cast<const oa::oaCustomVia&>(via).getParams(ownParams);
+        addParams(fields, ownParams);
+    }
+    taker.fields(fields);
+}
+
 template <class Shape>
-void takePoints(const oa::oaShape& shape, FormTaker& taker) {
+void takePoints(const oa::oaPinFig& shape, FormTaker& taker) {
     oa::oaPointArray points;
     as<Shape>(shape).getPoints(points);
     taker.points(points);
 }
 
-void takeForm(const oa::oaShape& shape, FormTaker& taker) {
+void takeForm(const oa::oaPinFig& shape, FormTaker& taker) {
     oa::oaBox box;
     switch (shape.getType()) {
     case oa::oacRectType:
@@ -253,6 +279,9 @@ void takeForm(const oa::oaShape& shape, FormTaker& taker) {
         return takeAttrDisplay(as<oa::oaAttrDisplay>(shape), taker);
     case oa::oacPropDisplayType:
         return takePropDisplay(as<oa::oaPropDisplay>(shape), taker);
+    case oa::oacStdViaType:
+    case oa::oacCustomViaType:
+        return takeVia(as<oa::oaVia>(shape), taker);
     default:
         shape.getBBox(box);
         taker.box("box", box);
@@ -260,7 +289,7 @@ void takeForm(const oa::oaShape& shape, FormTaker& taker) {
 }
 
 /// False for a kind that is not made of a list of points.
-bool getOutline(const oa::oaShape& shape, oa::oaPointArray& points) {
+bool getOutline(const oa::oaPinFig& shape, oa::oaPointArray& points) {
     switch (shape.getType()) {
     case oa::oacPolygonType:
         as<oa::oaPolygon>(shape).getPoints(points);
@@ -287,7 +316,11 @@ bool isText(oa::oaTypeEnum kind) {
            kind == oa::oacAttrDisplayType || kind == oa::oacPropDisplayType;
 }
 
-std::string kindOf(const oa::oaShape& shape, const Labels& labels) {
+bool isVia(oa::oaTypeEnum kind) {
+    return kind == oa::oacStdViaType || kind == oa::oacCustomViaType;
+}
+
+std::string kindOf(const oa::oaPinFig& shape, const Labels& labels) {
     switch (shape.getType()) {
     case oa::oacRectType:
         return "rectangle";
@@ -297,6 +330,12 @@ std::string kindOf(const oa::oaShape& shape, const Labels& labels) {
         oa::oaString text;
         as<oa::oaText>(shape).getText(text);
         return "text " + quoted(text);
+    }
+    case oa::oacStdViaType:
+    case oa::oacCustomViaType: {
+        oa::oaString name;
+        as<oa::oaVia>(shape).getViaDefName(name);
+        return "via " + quoted(name);
     }
     case oa::oacEvalTextType: {
         oa::oaString text;
@@ -318,11 +357,19 @@ std::string kindOf(const oa::oaShape& shape, const Labels& labels) {
 
 } // namespace
 
-bool isShape(const oa::oaObject& object) {
-    return dynamic_cast<const oa::oaShape*>(&object) != nullptr;
+bool isDrawn(const oa::oaObject& object) {
+    return dynamic_cast<const oa::oaShape*>(&object) != nullptr ||
+           dynamic_cast<const oa::oaVia*>(&object) != nullptr;
 }
 
-oa::oaPoint anchorOf(const oa::oaShape& shape) {
+std::uint64_t layerOf(const oa::oaPinFig& shape) {
+    if (isVia(shape.getType()))
+        return 0;
+    const auto& layered = as<oa::oaShape>(shape);
+    return std::uint64_t{layered.getLayerNum()} << 32 | layered.getPurposeNum();
+}
+
+oa::oaPoint anchorOf(const oa::oaPinFig& shape) {
     oa::oaPointArray points;
     oa::oaPoint point;
     oa::oaPoint end;
@@ -347,14 +394,18 @@ oa::oaPoint anchorOf(const oa::oaShape& shape) {
     case oa::oacPropDisplayType:
         as<oa::oaTextDisplay>(shape).getOrigin(point);
         return point;
+    case oa::oacStdViaType:
+    case oa::oacCustomViaType:
+        as<oa::oaVia>(shape).getOrigin(point);
+        return point;
     default:
         shape.getBBox(box);
         return box.lowerLeft();
     }
 }
 
-oa::oaBox extentOf(const oa::oaShape& shape) {
-    if (isText(shape.getType())) {
+oa::oaBox extentOf(const oa::oaPinFig& shape) {
+    if (isText(shape.getType()) || isVia(shape.getType())) {
         const oa::oaPoint origin = anchorOf(shape);
         return {origin, origin};
     }
@@ -363,7 +414,7 @@ oa::oaBox extentOf(const oa::oaShape& shape) {
     return box;
 }
 
-void addForm(Digest& digest, const oa::oaShape& shape, const oa::oaPoint& anchor,
+void addForm(Digest& digest, const oa::oaPinFig& shape, const oa::oaPoint& anchor,
              const Labels& labels) {
     const oa::oaTypeEnum kind = shape.getType();
     digest.add(std::uint64_t(kind));
@@ -371,15 +422,15 @@ void addForm(Digest& digest, const oa::oaShape& shape, const oa::oaPoint& anchor
     takeForm(shape, taker);
 }
 
-Fields formOf(const oa::oaShape& shape, const Labels& labels) {
+Fields formOf(const oa::oaPinFig& shape, const Labels& labels) {
     Fields fields;
     FieldTaker taker(fields, labels);
     takeForm(shape, taker);
     return fields;
 }
 
-void compareOutlines(const Place& place, const std::string& object, const oa::oaShape& was,
-                     const oa::oaShape& is) {
+void compareOutlines(const Place& place, const std::string& object, const oa::oaPinFig& was,
+                     const oa::oaPinFig& is) {
     oa::oaPointArray left;
     oa::oaPointArray right;
     if (!getOutline(was, left) || !getOutline(is, right) || left == right)
@@ -392,11 +443,14 @@ void compareOutlines(const Place& place, const std::string& object, const oa::oa
                 outlineText(right, at)});
 }
 
-std::string describe(const oa::oaShape& shape, const Labels& labels) {
-    const std::string where =
-        isText(shape.getType()) ? "at " + textOf(anchorOf(shape)) : textOf(extentOf(shape));
-    return kindOf(shape, labels) + " on " +
-           labels.layerText(shape.getLayerNum(), shape.getPurposeNum()) + " " + where;
+std::string describe(const oa::oaPinFig& shape, const Labels& labels) {
+    const oa::oaTypeEnum kind = shape.getType();
+    const std::string what = kindOf(shape, labels);
+    if (isVia(kind))
+        return what + " at " + textOf(anchorOf(shape));
+    const auto& layered = as<oa::oaShape>(shape);
+    return what + " on " + labels.layerText(layered.getLayerNum(), layered.getPurposeNum()) + " " +
+           (isText(kind) ? "at " + textOf(anchorOf(shape)) : textOf(extentOf(shape)));
 }
 
 } // namespace comparison

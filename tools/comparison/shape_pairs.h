@@ -10,7 +10,7 @@ namespace comparison {
 
 /// A shape that has no equal on the other side.
 struct Figure {
-    const oa::oaShape* shape = nullptr;
+    const oa::oaPinFig* shape = nullptr;
     oa::oaPoint anchor;
     oa::oaBox extent;
     /// Digests of the kind and the form, of the layer-purpose pair, and of what the shape is

@@ -15,7 +15,7 @@ namespace {
 struct Entry {
     std::uint64_t first;
     std::uint64_t second;
-    const oa::oaShape* shape;
+    const oa::oaPinFig* shape;
 
     bool isLike(const Entry& other) const { return first == other.first && second == other.second; }
     bool operator<(const Entry& other) const {
@@ -31,11 +31,7 @@ std::uint64_t wordOf(const oa::oaPoint& point) {
     return wordOf(std::uint32_t(point.x()), std::uint32_t(point.y()));
 }
 
-std::uint64_t layerOf(const oa::oaShape& shape) {
-    return wordOf(shape.getLayerNum(), shape.getPurposeNum());
-}
-
-/// The shapes of two blocks, and what became of them.
+/// The shapes and vias of two blocks, and what became of them.
 class ShapeComparison {
 public:
     ShapeComparison(const Place& place, Labels& labels) : place_(place), labels_(labels) {}
@@ -52,15 +48,16 @@ public:
 
 private:
     std::vector<Entry> entriesOf(const oa::oaBlock& block) const;
+    Entry entryOf(const oa::oaPinFig& shape) const;
     Figures figuresOf(const std::vector<Entry>& entries) const;
     static void dropEqual(std::vector<Entry>& was, std::vector<Entry>& is);
 
     /// True for a figure of a pin that is on one side only: it is told with the pin.
-    bool isOfLonePin(const oa::oaShape& shape) const {
+    bool isOfLonePin(const oa::oaPinFig& shape) const {
         return shape.hasPin() && !labels_.hasPartner(shape.getPin());
     }
-    std::uint64_t linksOf(const oa::oaShape& shape) const;
-    Fields linkFields(const oa::oaShape& shape, bool withConnections) const;
+    std::uint64_t linksOf(const oa::oaPinFig& shape) const;
+    Fields linkFields(const oa::oaPinFig& shape, bool withConnections) const;
 
     void pairAll();
     void pairBy(const KeyOf& keyOf, const Accept& accept);
@@ -75,7 +72,7 @@ private:
     std::vector<std::pair<const Figure*, const Figure*>> pairs_;
 };
 
-std::uint64_t ShapeComparison::linksOf(const oa::oaShape& shape) const {
+std::uint64_t ShapeComparison::linksOf(const oa::oaPinFig& shape) const {
     Digest digest;
     if (shape.hasPin()) {
         const oa::oaPin* const pin = shape.getPin();
@@ -93,10 +90,12 @@ std::uint64_t ShapeComparison::linksOf(const oa::oaShape& shape) const {
     return digest.first();
 }
 
-Fields ShapeComparison::linkFields(const oa::oaShape& shape, bool withConnections) const {
+Fields ShapeComparison::linkFields(const oa::oaPinFig& shape, bool withConnections) const {
     Fields fields;
     addAttachments(fields, shape);
-    fields.set("layer and purpose", labels_.layerText(shape.getLayerNum(), shape.getPurposeNum()));
+    if (const std::uint64_t layer = layerOf(shape); layer != 0)
+        fields.set("layer and purpose",
+                   labels_.layerText(oa::oaLayerNum(layer >> 32), oa::oaPurposeNum(layer)));
     if (withConnections && shape.hasPin())
         fields.set("pin", labels_.nameOf(*shape.getPin()));
     else if (withConnections && shape.hasNet())
@@ -107,18 +106,25 @@ Fields ShapeComparison::linkFields(const oa::oaShape& shape, bool withConnection
 std::vector<Entry> ShapeComparison::entriesOf(const oa::oaBlock& block) const {
     std::vector<Entry> entries;
     const auto shapes = block.getShapes();
-    entries.reserve(shapes.getCount());
-    oa::oaIter<oa::oaShape> all(shapes);
-    while (const oa::oaShape* shape = all.getNext()) {
-        const oa::oaPoint anchor = anchorOf(*shape);
-        Digest digest;
-        addForm(digest, *shape, anchor, labels_);
-        digest.add(wordOf(anchor));
-        digest.add(layerOf(*shape));
-        digest.add(linksOf(*shape));
-        entries.push_back({digest.first(), digest.second(), shape});
-    }
+    const auto vias = block.getVias();
+    entries.reserve(shapes.getCount() + vias.getCount());
+    oa::oaIter<oa::oaShape> allShapes(shapes);
+    while (const oa::oaShape* shape = allShapes.getNext())
+        entries.push_back(entryOf(*shape));
+    oa::oaIter<oa::oaVia> allVias(vias);
+    while (const oa::oaVia* via = allVias.getNext())
+        entries.push_back(entryOf(*via));
     return entries;
+}
+
+Entry ShapeComparison::entryOf(const oa::oaPinFig& shape) const {
+    const oa::oaPoint anchor = anchorOf(shape);
+    Digest digest;
+    addForm(digest, shape, anchor, labels_);
+    digest.add(wordOf(anchor));
+    digest.add(layerOf(shape));
+    digest.add(linksOf(shape));
+    return {digest.first(), digest.second(), &shape};
 }
 
 /// Leaves of each side what has no equal on the other one. Copies have their shapes in one order,
@@ -152,7 +158,7 @@ Figures ShapeComparison::figuresOf(const std::vector<Entry>& entries) const {
     Figures figures;
     figures.reserve(entries.size());
     for (const Entry& entry : entries) {
-        const oa::oaShape& shape = *entry.shape;
+        const oa::oaPinFig& shape = *entry.shape;
         const oa::oaPoint anchor = anchorOf(shape);
         Digest digest;
         addForm(digest, shape, anchor, labels_);
@@ -239,9 +245,9 @@ void compareShapes(const Place& place, const oa::oaBlock& was, const oa::oaBlock
     ShapeComparison(place, labels).compare(was, is);
 }
 
-std::uint64_t digestOf(const std::vector<const oa::oaShape*>& shapes, const Labels& labels) {
+std::uint64_t digestOf(const std::vector<const oa::oaPinFig*>& shapes, const Labels& labels) {
     std::uint64_t sum = 0;
-    for (const oa::oaShape* shape : shapes) {
+    for (const oa::oaPinFig* shape : shapes) {
         const oa::oaPoint anchor = anchorOf(*shape);
         Digest digest;
         addForm(digest, *shape, anchor, labels);

@@ -7,6 +7,7 @@
 #include "comparison/groups.h"
 #include "comparison/matching.h"
 #include "comparison/text.h"
+#include "comparison/via_params.h"
 
 namespace comparison {
 namespace {
@@ -20,7 +21,7 @@ std::string rangeText(const Range& range) {
            numberText(range.getUpperBound());
 }
 
-std::string textOf(const oa::oaValue& value) {
+std::string valueText(const oa::oaValue& value) {
     oa::oaString text;
     oa::oaIntRange range;
     oa::oaUInt8Range longRange;
@@ -55,7 +56,7 @@ std::string textOf(const oa::oaValue& value) {
 
 /// Values have no names.
 std::string labelOf(const oa::oaValue& value) {
-    return enumText(value.getType()) + " " + textOf(value);
+    return enumText(value.getType()) + " " + valueText(value);
 }
 
 void addUnits(Fields& fields, const oa::oaTech& tech) {
@@ -130,7 +131,7 @@ void addDerived(Fields& fields, const oa::oaDerivedLayer& layer) {
     layer.getParams(params);
     for (oa::oaUInt4 at = 0; at < params.getNumElements(); ++at)
         fields.add("parameter " + quoted(plainNameOf(*params[at]->getDef())),
-                   textOf(*params[at]->getValue()));
+                   valueText(*params[at]->getValue()));
 }
 
 void addSized(Fields& fields, const oa::oaSizedLayer& layer) {
@@ -159,6 +160,70 @@ Fields fieldsOf(const oa::oaPurpose& purpose) {
     fields.set("number", numberText(purpose.getNumber()));
     fields.set("type", enumText(purpose.getPurposeType()));
     addAttachments(fields, purpose);
+    return fields;
+}
+
+std::string numberOrNone(oa::oaUInt4 number) {
+    return number == oa::oacNullIndex ? "" : numberText(number);
+}
+
+/// `libraries` is null for the first side.
+Fields fieldsOf(const oa::oaViaDef& def, const LibraryNames* libraries) {
+    static const oa::oaNativeNS ns;
+    Fields fields;
+    fields.set("kind", enumText(def.getType()));
+    fields.set("first layer", numberText(def.getLayer1Num()));
+    fields.set("second layer", numberText(def.getLayer2Num()));
+    fields.set("resistance per cut", numberText(def.getResistancePerCut()));
+    addAttachments(fields, def);
+    if (def.getType() == oa::oacStdViaDefType) {
+        const auto& standard = static_cast<const oa::oaStdViaDef&>(def);
+        fields.set("first implant", numberOrNone(standard.getImplant1Num()));
+        fields.set("second implant", numberOrNone(standard.getImplant2Num()));
+        oa::oaViaParam params;
+        standard.getParams(params);
+        addViaParams(fields, params);
+        return fields;
+    }
+    const auto& custom = static_cast<const oa::oaCustomViaDef&>(def);
+    oa::oaString library;
+    oa::oaString cell;
+    oa::oaString view;
+    custom.getLibName(ns, library);
+    custom.getCellName(ns, cell);
+    custom.getViewName(ns, view);
+    const std::string name = ovalis::fromOa(library);
+    fields.set("master", (libraries == nullptr ? name : libraries->shared(name)) + "/" +
+                             ovalis::fromOa(cell) + "/" + ovalis::fromOa(view));
+    return fields;
+}
+
+std::string patternText(const oa::oaArraySiteDef& def) {
+    oa::oaSitePattern pattern;
+    def.getSitePattern(pattern);
+    std::string text;
+    for (oa::oaUInt4 at = 0; at < pattern.getNumElements(); ++at) {
+        const oa::oaTransform& place = pattern[at].transform();
+        text += (at == 0 ? "" : ", ") + quoted(pattern[at].siteName()) + " " +
+                textOf(place.offset()) + " " + enumText(place.orient());
+    }
+    return text;
+}
+
+Fields fieldsOf(const oa::oaSiteDef& def) {
+    Fields fields;
+    fields.set("kind", enumText(def.getType()));
+    fields.set("type", enumText(def.getSiteDefType()));
+    fields.set("symmetric in x", yesOrNo(def.isSymmetricInX()));
+    fields.set("symmetric in y", yesOrNo(def.isSymmetricInY()));
+    fields.set("symmetric in rotation", yesOrNo(def.isSymmetricInRot()));
+    addAttachments(fields, def);
+    if (def.getType() == oa::oacArraySiteDefType) {
+        fields.set("pattern", patternText(static_cast<const oa::oaArraySiteDef&>(def)));
+    } else {
+        fields.set("width", numberText(def.getWidth()));
+        fields.set("height", numberText(def.getHeight()));
+    }
     return fields;
 }
 
@@ -192,6 +257,41 @@ void compareNumbered(const Place& place, const char* kind, const Named<Object>& 
         place.removed(labelOf(*object));
     for (const Object* object : matching.added)
         place.added(labelOf(*object));
+}
+
+/// Objects that are known by their names alone.
+template <class Object, class FieldsOfFirst, class FieldsOfSecond>
+void compareNamed(const Place& place, const char* kind, const Named<Object>& was,
+                  const Named<Object>& is, Labels& labels, FieldsOfFirst ofFirst,
+                  FieldsOfSecond ofSecond) {
+    const Matching<Object> matching = matchByName(was, is);
+    const auto labelOf = [kind](const Object& object) {
+        return std::string(kind) + " " + quoted(plainNameOf(object));
+    };
+    for (const auto& [first, second] : matching.both) {
+        labels.pair(first, second, labelOf(*first));
+        compareFields(place, labelOf(*first), ofFirst(*first), ofSecond(*second));
+    }
+    for (const Object* object : matching.removed) {
+        labels.pair(object, nullptr, labelOf(*object));
+        place.removed(labelOf(*object));
+    }
+    for (const Object* object : matching.added) {
+        labels.pair(nullptr, object, labelOf(*object));
+        place.added(labelOf(*object));
+    }
+}
+
+void compareDefinitions(const Place& place, const oa::oaTech& was, const oa::oaTech& is,
+                        const LibraryNames& libraries, Labels& labels) {
+    compareNamed(
+        place, "via definition", named(was.getViaDefs(oa::oacViaDefIterLocal)),
+        named(is.getViaDefs(oa::oacViaDefIterLocal)), labels,
+        [](const oa::oaViaDef& def) { return fieldsOf(def, nullptr); },
+        [&libraries](const oa::oaViaDef& def) { return fieldsOf(def, &libraries); });
+    const auto ofSite = [](const oa::oaSiteDef& def) { return fieldsOf(def); };
+    compareNamed(place, "site definition", named(was.getSiteDefs(oa::oacSiteDefIterLocal)),
+                 named(is.getSiteDefs(oa::oacSiteDefIterLocal)), labels, ofSite, ofSite);
 }
 
 struct ValueText {
@@ -237,8 +337,8 @@ void compareValues(const Place& place, const oa::oaTech& was, const oa::oaTech& 
         }
         Fields fields;
         Fields others;
-        fields.set("value", textOf(*old.value));
-        others.set("value", textOf(*partner->value));
+        fields.set("value", valueText(*old.value));
+        others.set("value", valueText(*partner->value));
         addAttachments(fields, *old.value);
         addAttachments(others, *partner->value);
         compareFields(place, labelOf(*old.value), fields, others);
@@ -260,6 +360,7 @@ void compareTechnologies(const Place& place, const oa::oaTech& was, const oa::oa
                     named(is.getLayers(oa::oacLayerIterLocal)), labels);
     compareNumbered(place, "purpose", named(was.getPurposes(oa::oacPurposeIterLocal)),
                     named(is.getPurposes(oa::oacPurposeIterLocal)), labels);
+    compareDefinitions(place, was, is, libraries, labels);
     compareValues(place, was, is);
     compareGroups(place, was, is, labels);
 }
