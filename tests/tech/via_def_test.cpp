@@ -102,6 +102,13 @@ TEST(ViaDef, OfACustomViaNamesItsMaster) {
     EXPECT_EQ(masterOf(def), "lib/c2/layout");
 }
 
+TEST(ViaDef, OfACustomViaMayLackAMaster) {
+    ViaTech tech;
+    tech.makeCustom("via")->setMaster(name("lib"), oaScalarName(), oaScalarName());
+    tech.saveAndReopen();
+    EXPECT_EQ(masterOf(static_cast<oaCustomViaDef*>(oaViaDef::find(tech, "via"))), "lib//");
+}
+
 TEST(ViaDef, IsFoundByName) {
     ViaTech tech;
     const oaViaDef* def = tech.makeStd("via");

@@ -81,12 +81,19 @@ const char* masterPart(const oaCustomViaDef* def, std::size_t part) {
     return databaseOf(def).strings.chars(defOf(def).master[part]);
 }
 
+// A name may be empty: the interface allows it, and files may hold anything.
+
 void getPart(const oaCustomViaDef* def, std::size_t part, oaScalarName& name) {
-    name.init(oaNativeNS(), masterPart(def, part));
+    const char* text = masterPart(def, part);
+    name = *text ? oaScalarName(oaNativeNS(), text) : oaScalarName();
 }
 
 void getPart(const oaCustomViaDef* def, std::size_t part, const oaNameSpace& ns, oaString& out) {
-    oaScalarName(oaNativeNS(), masterPart(def, part)).get(ns, out);
+    const char* text = masterPart(def, part);
+    if (*text)
+        oaScalarName(oaNativeNS(), text).get(ns, out);
+    else
+        out = "";
 }
 
 } // namespace
