@@ -381,6 +381,19 @@ TEST(Evaluate, AKindOfTheCacheIsNoPlugInThoughThereIsOneOfItsName) {
               (nlohmann::json{{"kind", "cache file"}, {"path", stored}}));
 }
 
+TEST(Evaluate, LeavesNoLibraryListOpen) {
+    PcellPlace work;
+    std::filesystem::create_directory(work.path("oalibs"));
+    writeText(work.path("oalibs/vex.defs"), "");
+    const EnvironmentOverride included("MOLTRAX_DIR", work.path(""));
+    work.put();
+    EXPECT_EQ(work.onCoil({"evaluate"}).status, 0);
+    EXPECT_TRUE(oa::oaLib::getOpenLibs().isEmpty());
+    EXPECT_TRUE(oa::oaLibDefList::getLibDefLists().isEmpty());
+    EXPECT_EQ(work.onCoil({"evaluate"}, {"--libs", work.path("absent.defs")}).status, 2);
+    EXPECT_TRUE(oa::oaLibDefList::getLibDefLists().isEmpty());
+}
+
 TEST(Evaluate, WritesJsonForPrograms) {
     const EnvironmentOverride plugIns("OA_PLUGIN_PATH", pluginDirectory());
     PcellPlace work;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/library_access.h"
+#include "support/text_file.h"
 #include "workplace.h"
 
 namespace cli::test {
@@ -203,6 +204,14 @@ TEST(Export, NamesTheLibraryAsTold) {
     ASSERT_EQ(work.exportIt({"--name", "em_parts"}).status, 0);
     EXPECT_EQ(withoutCarriageReturns(readText(work.library() + "/lib.defs")),
               "INCLUDE $MOLTRAX_DIR/oalibs/vex.defs\nDEFINE em_parts .\n");
+}
+
+TEST(Export, CompletesTheDefinitionsOfALibraryMadeElsewhere) {
+    const Workplace work;
+    ovalis::createLib(work.library(), "lib").reset();
+    ASSERT_EQ(work.exportIt().status, 0);
+    EXPECT_EQ(readText(work.library() + "/lib.defs"),
+              ovalis::test::asTextFile("INCLUDE $MOLTRAX_DIR/oalibs/vex.defs\nDEFINE lib .\n"));
 }
 
 TEST(Export, TakesADirectoryWithASeparatorAtItsEnd) {

@@ -56,13 +56,12 @@ TEST_F(Libs, ListsDefinitionsInTheirOrder) {
     makeLibrary("b");
     put("more.defs", "DEFINE b ./b\n");
     put("lib.defs", "INCLUDE more.defs\nDEFINE a ./a\n");
-    const oa::oaUInt4 listsBefore = oa::oaLibDefList::getLibDefLists().getCount();
     EXPECT_EQ(libs("lib.defs"), (Outcome{0,
                                          "b  open  ./b  more.defs\n"
                                          "a  open  ./a  lib.defs\n",
                                          ""}));
     EXPECT_TRUE(oa::oaLib::getOpenLibs().isEmpty());
-    EXPECT_EQ(oa::oaLibDefList::getLibDefLists().getCount(), listsBefore);
+    EXPECT_TRUE(oa::oaLibDefList::getLibDefLists().isEmpty());
 }
 
 TEST_F(Libs, TellsWhichDefinitionOfANameCounts) {
@@ -141,6 +140,22 @@ TEST_F(Libs, MayBeMissingWhereTheFileSaysSo) {
                                          "a  missing           missing               lib.defs\n"
                                          "b  variable not set  $OVALIS_TEST_UNSET/b  lib.defs\n",
                                          ""}));
+}
+
+TEST_F(Libs, MayBeMissingBesideALineThatHasAFault) {
+    const EnvironmentOverride unset("OVALIS_TEST_UNSET", std::nullopt);
+    makeLibrary("c");
+    put("lib.defs", "INCLUDE $OVALIS_TEST_UNSET/lib.defs\nSOFTDEFINE b $OVALIS_TEST_UNSET/b\n"
+                    "DEFINE c c\n");
+    const std::string talk =
+        "ovalis: warning: lib.defs:1: variable 'OVALIS_TEST_UNSET' is not set.\n";
+    EXPECT_EQ(libs("lib.defs"), (Outcome{0,
+                                         "b  variable not set  $OVALIS_TEST_UNSET/b  lib.defs\n"
+                                         "c  open              c                     lib.defs\n",
+                                         talk}));
+    put("lib.defs", "define \"b\" $OVALIS_TEST_UNSET/b\n");
+    EXPECT_EQ(libs("lib.defs"),
+              (Outcome{1, "b  variable not set  $OVALIS_TEST_UNSET/b  lib.defs\n", talk}));
 }
 
 TEST_F(Libs, AreListedThoughAFileIsMissing) {

@@ -1,5 +1,7 @@
 #include "cli/export_component.h"
 
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include "cli/library_access.h"
@@ -76,10 +78,12 @@ void completeDefinitions(const std::string& path, const std::string& name) {
     const std::string file = platform::joinPath(path, "lib.defs");
     if (platform::exists(file))
         return;
-    const std::string text = "INCLUDE $MOLTRAX_DIR/oalibs/vex.defs\nDEFINE " + name + " .\n";
-    platform::File definitions(file, platform::OpenMode::write);
-    definitions.write(text.data(), text.size());
+    // A text file with the line ends of the system, as that of a library that is made here.
+    std::ofstream definitions(std::filesystem::path(std::u8string(file.begin(), file.end())));
+    definitions << "INCLUDE $MOLTRAX_DIR/oalibs/vex.defs\nDEFINE " << name << " .\n";
     definitions.close();
+    if (!definitions)
+        throw std::runtime_error(file + ": cannot be written");
 }
 
 /// Throws when somebody has a view of the cell open for editing.

@@ -1,9 +1,12 @@
 #include "cli/listed_libraries.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <list>
 #include <map>
+#include <optional>
+#include <sstream>
 #include <stdexcept>
 
 #include "cli/library_access.h"
@@ -34,6 +37,36 @@ std::string fullPathOf(const oa::oaLibDefList& list) {
     return ovalis::fromOa(path);
 }
 
+/// The line of a text, counted from 1; empty when there is none.
+std::string lineOf(const std::string& text, std::size_t number) {
+    std::istringstream lines(text);
+    std::string line;
+    while (number > 0 && std::getline(lines, line))
+        --number;
+    return number == 0 ? line : "";
+}
+
+/// The library that the line of a warning defines, empty when it says something else. Without a
+/// value when the warning does not begin with file and line, or the file cannot be read any more.
+std::optional<std::string> definedAt(const std::string& file, const std::string& warning) {
+    std::size_t number = 0;
+    if (!warning.starts_with(file + ":") ||
+        !(std::istringstream(warning.substr(file.size() + 1)) >> number))
+        return std::nullopt;
+    try {
+        std::istringstream fields(lineOf(platform::readFile(file), number));
+        std::string statement;
+        std::string name;
+        fields >> statement >> name;
+        std::erase(name, '"');
+        std::ranges::transform(statement, statement.begin(),
+                               [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+        return statement.ends_with("DEFINE") ? name : std::string();
+    } catch (const platform::SystemFailure&) {
+        return std::nullopt;
+    }
+}
+
 /// Keeps what the database finds wrong while it lives.
 class WarningLog : public oa::oaObserver<oa::oaLibDefList> {
 public:
@@ -46,15 +79,23 @@ public:
         noneOpened = noneOpened || type == oa::oacSyntaxErrorLibDefListWarning;
         oneRefused = oneRefused || type == oa::oacCannotOpenLibLibDefListWarning;
         if (list != nullptr && type == oa::oacUndefinedVarLibDefListWarning)
-            listsWithoutVariable.insert(fullPathOf(*list));
+            withoutVariable_.emplace(fullPathOf(*list),
+                                     definedAt(fullPathOf(*list), texts_.back()));
         return true;
+    }
+
+    /// A variable of the definition is not set, and it does not say that this is no fault.
+    bool lacksVariable(const ListedLibrary& library) const {
+        return library.unresolved && (withoutVariable_.contains({library.list, library.name}) ||
+                                      withoutVariable_.contains({library.list, std::nullopt}));
     }
 
     bool noneOpened = false;
     bool oneRefused = false;
-    std::set<std::string> listsWithoutVariable;
 
 private:
+    /// Lists, with the libraries whose definition was warned of; any library where that is unknown.
+    std::set<std::pair<std::string, std::optional<std::string>>> withoutVariable_;
     std::vector<std::string>& texts_;
 };
 
@@ -190,8 +231,7 @@ void ListedLibraries::load(const std::string& file) {
         ListedLibrary library = described(*definition);
         library.effective = definitions.counts(library.name, definition);
         library.open = library.open && library.effective;
-        lacksVariable = lacksVariable || (library.effective && library.unresolved &&
-                                          log.listsWithoutVariable.contains(library.list));
+        lacksVariable = lacksVariable || (library.effective && log.lacksVariable(library));
         libraries_.push_back(std::move(library));
     }
     allOpen_ = !log.noneOpened && !log.oneRefused && !lacksVariable;

@@ -31,12 +31,26 @@ private:
     std::vector<std::string>& unopened_;
 };
 
+template <class Object, class Owner>
+std::vector<Object*> all(const oa::oaCollection<Object, Owner>& collection) {
+    std::vector<Object*> found;
+    oa::oaIter<Object> walk(collection);
+    while (Object* each = walk.getNext())
+        found.push_back(each);
+    return found;
+}
+
 std::vector<oa::oaLib*> openLibs() {
-    std::vector<oa::oaLib*> libs;
-    oa::oaIter<oa::oaLib> all(oa::oaLib::getOpenLibs());
-    while (oa::oaLib* lib = all.getNext())
-        libs.push_back(lib);
-    return libs;
+    return all(oa::oaLib::getOpenLibs());
+}
+
+std::vector<oa::oaLibDefList*> openLists() {
+    return all(oa::oaLibDefList::getLibDefLists());
+}
+
+template <class Object>
+bool contains(const std::vector<Object*>& objects, const Object* object) {
+    return std::find(objects.begin(), objects.end(), object) != objects.end();
 }
 
 std::string pathOf(const oa::oaLib& lib) {
@@ -58,6 +72,7 @@ OpenLibraries::OpenLibraries(const std::string& directory, const std::string& na
     if (!directory.empty())
         requireLibrary(directory);
     before_ = openLibs();
+    listsBefore_ = openLists();
     const std::string ownList = platform::joinPath(directory, "lib.defs");
     try {
         if (!listFile.empty())
@@ -78,9 +93,7 @@ OpenLibraries::~OpenLibraries() {
 
 std::vector<oa::oaLib*> OpenLibraries::all() const {
     std::vector<oa::oaLib*> libs = openLibs();
-    std::erase_if(libs, [&](oa::oaLib* lib) {
-        return std::find(before_.begin(), before_.end(), lib) != before_.end();
-    });
+    std::erase_if(libs, [&](oa::oaLib* lib) { return contains(before_, lib); });
     return libs;
 }
 
@@ -111,9 +124,9 @@ void OpenLibraries::closeAll() noexcept {
     try {
         for (oa::oaLib* lib : all())
             lib->close();
-        if (oa::oaLibDefList* list = oa::oaLibDefList::getTopList();
-            list != nullptr && !listPath_.empty())
-            list->destroy();
+        for (oa::oaLibDefList* list : openLists())
+            if (!contains(listsBefore_, list))
+                list->destroy();
     } catch (const oa::oaException&) {
         // What is left open goes with the process.
     }

@@ -13,7 +13,7 @@ namespace evaluation {
 ///   becomes the top list of the database, and its libraries are opened.
 /// - The library is the listed one in that directory; one that the list does not define is opened
 ///   under the name given.
-/// - The destructor closes every library that was opened here, and drops the list.
+/// - The destructor closes every library that was opened here, and drops the list with what it includes.
 class OpenLibraries {
 public:
     /// `directory` may be empty when there is a `listFile`; there is no `library()` then.
@@ -50,6 +50,7 @@ private:
     void closeAll() noexcept;
 
     std::vector<oa::oaLib*> before_;
+    std::vector<oa::oaLibDefList*> listsBefore_;
     std::string listPath_;
     std::vector<std::string> warnings_;
     std::vector<std::string> unopened_;
