@@ -13,7 +13,8 @@ namespace evaluation {
 ///   becomes the top list of the database, and its libraries are opened.
 /// - The library is the listed one in that directory; one that the list does not define is opened
 ///   under the name given.
-/// - The destructor closes every library that was opened here, and drops the list with what it includes.
+/// - The destructor closes every library that was opened here, and drops the list with what it
+/// includes.
 class OpenLibraries {
 public:
     /// `directory` may be empty when there is a `listFile`; there is no `library()` then.
