@@ -1,49 +1,29 @@
 // Registers again and again, each time with one allocation failing: the first, the second and so
-// on, until one registration makes all that it needs. Prints how many there were, and whether
-// anything was thrown.
+// on, until one registration makes all that it needs. Prints whether anything was thrown.
 
-#include <cstdlib>
 #include <iostream>
 #include <new>
 
 #include <oa/oaDesignDB.h>
 
 #include "broker/registration.h"
+#include "support/failing_allocation.h"
 
 namespace {
 
-long allocations = 0;
-long failing = 0; // none
+using ovalis::test::allocations;
+using ovalis::test::failingAllocation;
 
 /// False when no allocation failed.
 bool registerWithFailure(long number) {
-    failing = allocations + number;
+    failingAllocation = allocations + number;
     ovalis::registerPcellEvaluators();
-    const bool failed = allocations >= failing;
-    failing = 0;
+    const bool failed = allocations >= failingAllocation;
+    failingAllocation = 0;
     return failed;
 }
 
 } // namespace
-
-void* operator new(std::size_t size) {
-    if (++allocations == failing) {
-        throw std::bad_alloc();
-    }
-    void* memory = std::malloc(size != 0 ? size : 1);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 int main() {
     OpenAccess_4::oaDesignInit();
@@ -53,7 +33,7 @@ int main() {
             ++number;
         }
     } catch (const std::bad_alloc&) {
-        failing = 0;
+        failingAllocation = 0;
         std::cout << "thrown at the allocation " << number << '\n';
         return 1;
     }

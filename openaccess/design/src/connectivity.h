@@ -29,7 +29,7 @@ struct PinTerm {
     std::uint32_t operator()(const PinRecord& pin) const { return pin.term; }
 };
 struct ParamInst {
-    std::uint32_t operator()(const InstParamRecord& param) const { return param.inst; }
+    std::uint32_t operator()(const InstParamRecord& param) const { return param.owner; }
 };
 
 /// The instances of a master. Implicit ones belong to no master, but to their vector.

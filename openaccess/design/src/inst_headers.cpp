@@ -20,18 +20,9 @@ std::string SubHeaders::keyOf(std::uint32_t inst) {
         return instances.params[left].name < instances.params[right].name;
     });
     std::string key;
-    const auto append = [&](const auto& value) {
-        key.append(reinterpret_cast<const char*>(&value), sizeof(value));
-    };
-    append(instances.insts[inst].master);
-    for (const std::uint32_t param : params) {
-        const InstParamRecord& record = instances.params[param];
-        append(record.name);
-        append(record.type);
-        append(record.text);
-        append(record.appType);
-        append(record.bits);
-    }
+    appendBytes(key, instances.insts[inst].master);
+    for (const std::uint32_t param : params)
+        appendKey(key, instances.params[param]);
     return key;
 }
 

@@ -16,7 +16,7 @@ void Instances::setParams(std::uint32_t slot, const oaParamArray& array) {
     clearParams(slot);
     for (oaUInt4 i = 0; i < array.getNumElements(); ++i) {
         InstParamRecord record;
-        record.inst = slot;
+        record.owner = slot;
         storeParam(record, database_.strings, array[i]);
         params.add(record);
     }

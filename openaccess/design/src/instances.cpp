@@ -116,7 +116,7 @@ bool Instances::hasParams(std::uint32_t master) {
     mastersWithParams_.resize(masters.slots());
     for (; paramsSeen_.slots < params.slots(); ++paramsSeen_.slots)
         if (params.isLive(paramsSeen_.slots))
-            mastersWithParams_[insts[params[paramsSeen_.slots].inst].master] = true;
+            mastersWithParams_[insts[params[paramsSeen_.slots].owner].master] = true;
     return mastersWithParams_[master];
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/src/refs.h"
 #include "base/src/table.h"
+#include "design/src/given_param.h"
 #include "design/src/table_numbers.h"
 #include "oa/oaBlock.h"
 #include "oa/oaInst.h"
@@ -234,29 +235,7 @@ struct InstTermRecord {
     }
 };
 
-/// A parameter that an instance was given.
-struct InstParamRecord {
-    std::uint32_t inst = 0;
-    StringId name = 0;
-    std::uint32_t type = oacIntParamType;
-    StringId text = 0;    // the value of texts and bytes
-    StringId appType = 0; // of bytes
-    std::uint32_t reserved = 0;
-    std::uint64_t bits = 0; // the other values
-
-    using Handle = oaObject;
-    static constexpr oaTypeEnum kType = oacUnknownType;
-
-    template <class Self, class Visitor>
-    static void describe(Self& self, Visitor& visitor) {
-        visitor.slot(kInstTable, self.inst);
-        visitor.string(self.name);
-        visitor.enumerator(self.type, oacTimeParamType + 1);
-        visitor.string(self.text);
-        visitor.string(self.appType);
-        visitor.require(self.reserved == 0);
-    }
-};
+using InstParamRecord = GivenParamRecord<kInstTable>;
 
 /// A figure and what it belongs to. It stands beside the figure's own record, so that a figure that
 /// belongs to nothing pays nothing.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/src/table.h"
+#include "design/src/given_param.h"
 #include "design/src/table_numbers.h"
 #include "oa/oaOrient.h"
-#include "oa/oaParam.h"
 #include "tech/src/via_def_records.h"
 
 #include <cstdint>
@@ -44,28 +44,7 @@ struct ViaSubHeaderRecord {
 };
 
 /// A parameter that custom vias were given.
-struct ViaParamRecord {
-    std::uint32_t sub = 0;
-    StringId name = 0;
-    std::uint32_t type = oacIntParamType;
-    StringId text = 0;    // the value of texts and bytes
-    StringId appType = 0; // of bytes
-    std::uint32_t reserved = 0;
-    std::uint64_t bits = 0; // the other values
-
-    using Handle = oaObject;
-    static constexpr oaTypeEnum kType = oacUnknownType;
-
-    template <class Self, class Visitor>
-    static void describe(Self& self, Visitor& visitor) {
-        visitor.slot(kViaSubHeaderTable, self.sub);
-        visitor.string(self.name);
-        visitor.enumerator(self.type, oacTimeParamType + 1);
-        visitor.string(self.text);
-        visitor.string(self.appType);
-        visitor.require(self.reserved == 0);
-    }
-};
+using ViaParamRecord = GivenParamRecord<kViaSubHeaderTable>;
 
 struct ViaRecord {
     std::uint32_t sub = 0;

@@ -27,11 +27,6 @@ const oaTech* techOf(const oaDesign* design) {
     }
 }
 
-template <class Value>
-void append(std::string& bytes, const Value& value) {
-    bytes.append(reinterpret_cast<const char*>(&value), sizeof(value));
-}
-
 bool isOfKind(const oaViaDef* def, ViaDefKind kind) {
     return def->getType() ==
            (kind == ViaDefKind::Standard ? oacStdViaDefType : oacCustomViaDefType);
@@ -127,17 +122,12 @@ std::uint32_t Vias::header(std::string_view defName, ViaDefKind kind) {
 
 std::string Vias::keyOf(const ViaSubHeaderRecord& sub, std::vector<ViaParamRecord> given) const {
     std::string key;
-    append(key, sub.header);
-    append(key, sub.params);
+    appendBytes(key, sub.header);
+    appendBytes(key, sub.params);
     // Sets that differ in order only are the same.
     std::ranges::stable_sort(given, {}, &ViaParamRecord::name);
-    for (const ViaParamRecord& param : given) {
-        append(key, param.name);
-        append(key, param.type);
-        append(key, param.text);
-        append(key, param.appType);
-        append(key, param.bits);
-    }
+    for (const ViaParamRecord& param : given)
+        appendKey(key, param);
     return key;
 }
 
@@ -156,7 +146,7 @@ std::uint32_t Vias::subFor(const ViaSubHeaderRecord& sub,
         return found->second;
     const std::uint32_t slot = subs.add(sub);
     for (ViaParamRecord param : given) {
-        param.sub = slot;
+        param.owner = slot;
         params.add(param);
     }
     return slot;
@@ -352,7 +342,7 @@ bool Vias::isSound() {
                 ViaParams::isSound(sub.params, database_.strings);
     });
     params.forEach([&](std::uint32_t, const ViaParamRecord& param) {
-        sound = sound && subs[param.sub].kind == ViaDefKind::Custom;
+        sound = sound && subs[param.owner].kind == ViaDefKind::Custom;
     });
     vias.forEach([&](std::uint32_t, const ViaRecord& via) {
         sound = sound && (via.isCustom != 0) == (subs[via.sub].kind == ViaDefKind::Custom);

@@ -31,7 +31,7 @@ struct SubHeader {
     std::uint32_t operator()(const ViaSubHeaderRecord& sub) const { return sub.header; }
 };
 struct ParamSub {
-    std::uint32_t operator()(const ViaParamRecord& param) const { return param.sub; }
+    std::uint32_t operator()(const ViaParamRecord& param) const { return param.owner; }
 };
 
 /// The designs that the slots of one table are bound to.
