@@ -4,6 +4,7 @@
 
 #include "platform/child_process.h"
 #include "platform/process.h"
+#include "support/text_file.h"
 #include "tools/broker/request_queue.h"
 #include "tools/broker/result_directory.h"
 
@@ -220,7 +221,8 @@ TEST_F(FrontTest, EndsTheConnectionWhenTooManyRequestsWait) {
     // One request is being served, and one is too many.
     broker->send(request("hang") + std::string(RequestQueue::mostRequests + 2, '\0'));
     EXPECT_EQ(broker->end(timeToGo), (platform::ProcessEnd{false, 1}));
-    EXPECT_EQ(broker->said(), "front: too many requests wait for their answers\n");
+    EXPECT_EQ(broker->said(),
+              ovalis::test::asTextFile("front: too many requests wait for their answers\n"));
     EXPECT_EQ(leftovers(), 0u);
 }
 

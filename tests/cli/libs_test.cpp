@@ -225,6 +225,16 @@ TEST_F(Libs, ByDefaultAreThoseOfTheWorkingDirectory) {
     EXPECT_EQ(shortened(outcome.out), "a  open  a  lib.defs\n");
 }
 
+/// The library closes the list that it flattens, and leaves those that it includes.
+void closeIncludedLists() {
+    oa::oaIter<oa::oaLibDefList> walk(oa::oaLibDefList::getLibDefLists());
+    std::vector<oa::oaLibDefList*> lists;
+    while (oa::oaLibDefList* list = walk.getNext())
+        lists.push_back(list);
+    for (oa::oaLibDefList* list : lists)
+        list->destroy();
+}
+
 TEST_F(Libs, StandInTheOrderInWhichTheLibraryFlattensThem) {
     put("b.defs", "SOFTDEFINE b b\nINCLUDE lib.defs\nINCLUDE c.defs\n");
     put("c.defs", "SOFTDEFINE c c\n");
@@ -233,6 +243,7 @@ TEST_F(Libs, StandInTheOrderInWhichTheLibraryFlattensThem) {
     for (const ovalis::TStringPair& pair :
          ovalis::getFlattenedLibraryList(work_.path("lib.defs"), nullptr))
         expected += pair.get<0>();
+    closeIncludedLists();
     std::string found;
     const nlohmann::json written = nlohmann::json::parse(libs("lib.defs", {"--json"}).out);
     for (const auto& library : written["libraries"])
