@@ -1,5 +1,6 @@
 #include <oa/oaBase.h>
 
+#include "platform/sparse_file.h"
 #include "support/temporary_directory.h"
 
 #include <gtest/gtest.h>
@@ -153,9 +154,8 @@ TEST_F(File, RefusesToDescribeAMissingFile) {
 }
 
 TEST_F(File, MayBeLargerThanFourGigabytes) {
-    const oaString name = makeFile("large", "");
-    std::filesystem::resize_file(directory.path() / "large", 5ull << 30);
-    EXPECT_EQ(oaFile(name).getSize(), 5ull << 30);
+    ovalis::test::makeSparseFile(directory.path() / "large", 5ull << 30);
+    EXPECT_EQ(oaFile(path("large")).getSize(), 5ull << 30);
 }
 
 TEST_F(File, KnowsItsTimes) {

@@ -1,6 +1,7 @@
 #include "platform/file.h"
 
 #include "platform/memory.h"
+#include "sparse_file.h"
 #include "support/files.h"
 #include "support/temporary_directory.h"
 
@@ -94,6 +95,8 @@ TEST_F(FileTest, TellsFilesDirectoriesAndNothingApart) {
     EXPECT_FALSE(exists(path("missing")) || isFile("") || isDirectory("") || exists(""));
     EXPECT_EQ(fileSize(path()), 5U);
     EXPECT_THROW(fileSize(path("missing")), SystemFailure);
+    ovalis::test::makeSparseFile(path("large"), 5ull << 30);
+    EXPECT_EQ(fileSize(path("large")), 5ull << 30);
 }
 
 TEST_F(FileTest, KnowsWhatMayBeReadAndWritten) {
