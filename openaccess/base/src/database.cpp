@@ -32,11 +32,4 @@ void Database::forgetAttachments(const ObjectRef& ref) {
     groups.removeAll(ref);
 }
 
-void Database::place(std::unique_ptr<TableBase> table) {
-    const std::uint32_t number = table->id().number;
-    if (number >= tables_.size())
-        tables_.resize(number + 1);
-    tables_[number] = std::move(table);
-}
-
 } // namespace OpenAccess_4::impl

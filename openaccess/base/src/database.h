@@ -6,11 +6,10 @@
 #include "base/src/properties.h"
 #include "base/src/string_pool.h"
 #include "base/src/table.h"
+#include "base/src/table_list.h"
 #include "base/src/table_numbers.h"
 
-#include <memory>
 #include <string_view>
-#include <vector>
 
 namespace OpenAccess_4::impl {
 
@@ -38,17 +37,12 @@ public:
     /// The parameter of a table in a file that leaves out destroyed objects.
     virtual std::uint32_t storedParameter(const TableBase& table, RecordRemapper& remapper) const;
 
-    TableBase* table(std::uint32_t number) const {
-        return number < tables_.size() ? tables_[number].get() : nullptr;
-    }
-    std::uint32_t tableCount() const { return std::uint32_t(tables_.size()); }
+    TableBase* table(std::uint32_t number) const { return tables_[number]; }
+    std::uint32_t tableCount() const { return tables_.count(); }
 
     template <class Record>
     Table<Record>& addTable(const TableId& id) {
-        auto table = std::make_unique<Table<Record>>(*this, id);
-        Table<Record>& result = *table;
-        place(std::move(table));
-        return result;
+        return tables_.add<Record>(*this, id);
     }
     /// A table that a database has once: its number is also its kind.
     template <class Record>
@@ -83,9 +77,7 @@ public:
     PointPool points;
 
 private:
-    void place(std::unique_ptr<TableBase> table);
-
-    std::vector<std::unique_ptr<TableBase>> tables_;
+    TableList tables_;
     bool modified_ = false;
     bool garbage_ = false;
 

@@ -6,6 +6,8 @@ namespace OpenAccess_4::impl {
 
 RecordChecker::RecordChecker(const Database& database)
     : strings_(database.strings.count()), points_(database.points.all().size()) {
+    slots_.reserve(database.tableCount());
+    holdsObjects_.reserve(database.tableCount());
     for (std::uint32_t number = 0; number < database.tableCount(); ++number) {
         const TableBase* table = database.table(number);
         slots_.push_back(table ? table->slots() : 0);

@@ -28,13 +28,14 @@ TableBase::TableBase(Database& database, TableId id, std::size_t recordSize)
     : database_(database), id_(id), recordSize_(recordSize), firstSlabBits_(kSmallestSlabBits) {}
 
 TableBase::~TableBase() {
-    for (const auto& slab : slabs_) {
-        freeRecords(slab->records, slab->capacity * recordSize_);
-        if (!slab->handles)
+    for (std::size_t number = 0; number < slabs(); ++number) {
+        const Slab& slab = slabAt(number);
+        freeRecords(slab.records, slab.capacity * recordSize_);
+        if (!slab.handles)
             continue;
-        for (std::uint32_t i = 0; i < slab->made; ++i)
-            Handles::setSlab(slab->handles + i, nullptr);
-        HandlePool::instance().giveBack(slab->handles, slab->capacity);
+        for (std::uint32_t i = 0; i < slab.made; ++i)
+            Handles::setSlab(slab.handles + i, nullptr);
+        HandlePool::instance().giveBack(slab.handles, slab.capacity);
     }
 }
 
@@ -56,27 +57,17 @@ Location TableBase::locate(std::uint32_t slot) const {
     return {&database_, {id_.number, slot}};
 }
 
-std::vector<std::span<const std::byte>> TableBase::recordBytes() const {
-    std::vector<std::span<const std::byte>> bytes;
-    for (const auto& slab : slabs_)
-        bytes.emplace_back(slab->records, slab->used * recordSize_);
-    return bytes;
-}
-
-std::vector<std::span<std::byte>> TableBase::appendSlots(std::uint32_t count) {
+void TableBase::appendSlots(std::uint32_t count) {
     assert(slots_ == 0 && "only a table that is read from a file grows by many slots at once");
     if (count > 0)
         firstSlabBits_ = std::clamp(std::uint32_t(std::bit_width(count - 1)), kSmallestSlabBits,
                                     kLargestSlabBits);
-    std::vector<std::span<std::byte>> bytes;
     while (count > 0) {
         Slab& slab = addSlab();
         slab.used = std::min(count, slab.capacity);
         slots_ += slab.used;
         count -= slab.used;
-        bytes.emplace_back(slab.records, slab.used * recordSize_);
     }
-    return bytes;
 }
 
 void TableBase::renumber(RecordRemapper& remapper) const {
@@ -93,9 +84,9 @@ void TableBase::renumber(RecordRemapper& remapper) const {
 std::uint32_t TableBase::appendSlot() {
     if (slots_ == kNone)
         throw oaError(oacTableFull);
-    if (slabs_.empty() || slabs_.back()->used == slabs_.back()->capacity)
+    if (slabs() == 0 || lastSlab().used == lastSlab().capacity)
         addSlab();
-    Slab& slab = *slabs_.back();
+    Slab& slab = lastSlab();
     ++slab.used;
     if (!gone_.empty())
         gone_.push_back(false);
@@ -121,7 +112,7 @@ std::byte* TableBase::recordAt(std::uint32_t slot) const {
 
 Slab& TableBase::slabOf(std::uint32_t slot) const {
     assert(slot < slots_);
-    return *slabs_[slabNumber(slot)];
+    return slabAt(slabNumber(slot));
 }
 
 std::size_t TableBase::slabNumber(std::uint32_t slot) const {
@@ -137,13 +128,16 @@ std::uint32_t TableBase::slabCapacity(std::size_t number) const {
 }
 
 Slab& TableBase::addSlab() {
-    auto slab = std::make_unique<Slab>();
-    slab->table = this;
-    slab->first = slots_;
-    slab->capacity = slabCapacity(slabs_.size());
-    slab->records = allocateUnsetRecords(slab->capacity * recordSize_);
-    slabs_.push_back(std::move(slab));
-    return *slabs_.back();
+    const std::size_t number = slabs();
+    std::unique_ptr<Slab> further = number > 0 ? std::make_unique<Slab>() : nullptr;
+    Slab& slab = further ? *further : firstSlab_;
+    slab.table = this;
+    slab.first = slots_;
+    slab.capacity = slabCapacity(number);
+    slab.records = allocateUnsetRecords(slab.capacity * recordSize_);
+    if (further)
+        furtherSlabs_.push_back(std::move(further));
+    return slab;
 }
 
 void TableBase::makeHandles(Slab& slab) {

@@ -72,10 +72,13 @@ public:
     virtual Location locate(std::uint32_t slot) const;
 
     // Reading and writing of whole tables.
-    /// The record bytes slab by slab, destroyed slots included.
-    std::vector<std::span<const std::byte>> recordBytes() const;
-    /// Makes `count` slots and answers where their records lie, to be filled by the caller.
-    std::vector<std::span<std::byte>> appendSlots(std::uint32_t count);
+    /// Makes `count` slots of a table that has none, their records to be filled by the caller.
+    void appendSlots(std::uint32_t count);
+    std::size_t slabs() const { return firstSlab_.records ? 1 + furtherSlabs_.size() : 0; }
+    /// The bytes of the records of a slab, those of destroyed slots included.
+    std::span<std::byte> recordBytes(std::size_t slab) const {
+        return {slabAt(slab).records, slabAt(slab).used * recordSize_};
+    }
     /// True when no record names anything that the database does not hold.
     virtual bool check(RecordChecker& checker) const = 0;
     /// Puts the new numbers of the live slots into `remapper`.
@@ -92,6 +95,10 @@ protected:
     virtual void construct(Slab& slab) const = 0;
 
 private:
+    Slab& slabAt(std::size_t number) const {
+        return number == 0 ? firstSlab_ : *furtherSlabs_[number - 1];
+    }
+    Slab& lastSlab() const { return slabAt(slabs() - 1); }
     Slab& slabOf(std::uint32_t slot) const;
     std::size_t slabNumber(std::uint32_t slot) const;
     std::uint32_t slabCapacity(std::size_t number) const;
@@ -104,7 +111,8 @@ private:
     std::uint32_t firstSlabBits_; // the first slab has as many slots as this power of two
     std::uint32_t slots_ = 0;
     std::uint32_t destroyed_ = 0;
-    std::vector<std::unique_ptr<Slab>> slabs_;
+    mutable Slab firstSlab_; // most tables have no other
+    std::vector<std::unique_ptr<Slab>> furtherSlabs_;
     std::vector<bool> gone_; // empty until something is destroyed
 };
 
@@ -207,8 +215,8 @@ public:
 
     bool check(RecordChecker& checker) const override {
         if constexpr (StoredRecord<Record>)
-            for (const std::span<const std::byte> bytes : recordBytes())
-                for (const Record& record : recordsIn(bytes))
+            for (std::size_t slab = 0; slab < slabs(); ++slab)
+                for (const Record& record : recordsIn(recordBytes(slab)))
                     Record::describe(record, checker);
         return checker.passed();
     }

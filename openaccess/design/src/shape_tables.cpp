@@ -28,16 +28,18 @@ ShapeTables::ShapeTables(DesignDatabase& database)
 
 std::uint32_t ShapeTables::findLayer(oaLayerNum layer) {
     catchUp();
-    const auto found = layerSlots_.find(layer);
-    return found == layerSlots_.end() ? kNone : found->second;
+    const std::uint32_t* found = layerSlots_.find(layer);
+    return found ? *found : kNone;
 }
 
 std::uint32_t ShapeTables::findPair(oaLayerNum layer, oaPurposeNum purpose) {
     if (lastPair_ != kNone && layerOf(lastPair_) == layer && purposeOf(lastPair_) == purpose)
         return lastPair_;
-    catchUp();
-    const auto found = pairSlots_.find({layer, purpose});
-    return found == pairSlots_.end() ? kNone : lastPair_ = found->second;
+    const std::uint32_t header = findLayer(layer);
+    if (header == kNone)
+        return kNone;
+    const std::uint32_t* found = pairSlots_.find(keyOf({header, purpose}));
+    return found ? lastPair_ = *found : kNone;
 }
 
 std::uint32_t ShapeTables::pair(oaLayerNum layer, oaPurposeNum purpose) {
@@ -108,6 +110,7 @@ void ShapeTables::setPair(const ObjectRef& shape, std::uint32_t pair) {
 
 std::vector<TableBase*> ShapeTables::all() const {
     std::vector<TableBase*> tables;
+    tables.reserve(extents_.size());
     for (std::uint32_t pair = 0; pair < tables_.size(); ++pair)
         for (TableBase* table : tables_[pair])
             if (table)
@@ -220,10 +223,9 @@ const oaBox& ShapeTables::extentOfTable(const TableBase& table) {
 
 void ShapeTables::catchUp() {
     for (; indexedLayers_ < layers_.slots(); ++indexedLayers_)
-        layerSlots_.emplace(layers_[indexedLayers_].layer, indexedLayers_);
+        layerSlots_[layers_[indexedLayers_].layer] = indexedLayers_;
     for (; indexedPairs_ < pairs_.slots(); ++indexedPairs_)
-        pairSlots_.emplace(std::pair(layerOf(indexedPairs_), purposeOf(indexedPairs_)),
-                           indexedPairs_);
+        pairSlots_[keyOf(pairs_[indexedPairs_])] = indexedPairs_;
 }
 
 bool ShapeTables::isPairNeeded(std::uint32_t pair) {
@@ -242,7 +244,7 @@ void ShapeTables::dropUnusedHeaders() {
             needed[header.layerHeader] = true;
             return;
         }
-        pairSlots_.erase({layerOf(pair), purposeOf(pair)});
+        pairSlots_.erase(keyOf(header));
         database_.forgetAttachments({kLPPHeaderTable, pair});
         pairs_.destroy(pair);
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/src/flat_map.h"
 #include "design/src/fig_owners.h"
 #include "design/src/records.h"
 #include "design/src/shape_records.h"
@@ -7,8 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <climits>
-#include <map>
-#include <utility>
 #include <vector>
 
 namespace OpenAccess_4::impl {
@@ -91,6 +90,10 @@ private:
         bool known = true;
     };
 
+    static std::uint64_t keyOf(const LPPHeaderRecord& pair) {
+        return std::uint64_t(pair.layerHeader) << 32 | pair.purpose;
+    }
+
     TableBase& tableOf(std::uint32_t pair, std::uint32_t kind);
     TableBase* addTable(const TableId& id);
     Extent& extentEntry(const TableBase& table);
@@ -104,8 +107,8 @@ private:
     Table<LPPHeaderRecord>& pairs_;
     Table<MovedShapeRecord>& movedTable_;
     FigOwners<MovedShapeRecord> moved_;
-    std::map<oaLayerNum, std::uint32_t> layerSlots_;
-    std::map<std::pair<oaLayerNum, oaPurposeNum>, std::uint32_t> pairSlots_;
+    FlatMap<std::uint32_t> layerSlots_;                       // by number
+    FlatMap<std::uint32_t> pairSlots_;                        // by keyOf() the pair
     std::vector<std::array<TableBase*, kShapeKinds>> tables_; // by pair and kind
     std::vector<TableBase*> displayTables_;
     std::vector<Extent> extents_;     // by table

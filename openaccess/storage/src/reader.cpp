@@ -228,10 +228,13 @@ private:
 
     void readTable(const SectionEntry& section) {
         TableBase& table = tableFor(section);
+        table.appendSlots(std::uint32_t(section.count));
+        if (table.slabs() == 1)
+            return readWhole(section, table.recordBytes(0));
         StreamHash hash;
-        for (const auto piece : table.appendSlots(std::uint32_t(section.count))) {
-            readBytes(piece);
-            hash.add(piece);
+        for (std::size_t slab = 0; slab < table.slabs(); ++slab) {
+            readBytes(table.recordBytes(slab));
+            hash.add(table.recordBytes(slab));
         }
         if (hash.digest() != section.checksum)
             damaged("has a damaged section");

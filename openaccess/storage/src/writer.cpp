@@ -105,6 +105,13 @@ SectionEntry entryOf(const TableBase& table) {
     return entry;
 }
 
+Pieces piecesOf(const TableBase& table) {
+    Pieces pieces;
+    for (std::size_t slab = 0; slab < table.slabs(); ++slab)
+        pieces.emplace_back(table.recordBytes(slab));
+    return pieces;
+}
+
 /// The numbers of tables that do not go into a file.
 using LeftOut = std::span<const std::uint32_t>;
 
@@ -136,7 +143,7 @@ std::uint64_t writeAsItLies(platform::AtomicFile& file, DatabaseFileKind kind,
     Layout layout;
     addPools(layout, database.strings, database.points);
     forEachStored(database, leftOut,
-                  [&](const TableBase& table) { layout.add(entryOf(table), table.recordBytes()); });
+                  [&](const TableBase& table) { layout.add(entryOf(table), piecesOf(table)); });
     layout.place();
     layout.write(file, kind);
     return layout.size();
