@@ -154,6 +154,9 @@ void placeVias(oa::oaBlock* block) {
     oa::oaStdVia::create(block, standard, oa::oaTransform(50, 60), &rows);
     const auto* custom = static_cast<oa::oaCustomViaDef*>(oa::oaViaDef::find(tech, "custom via"));
     oa::oaCustomVia::create(block, custom, oa::oaTransform(70, 80, oa::oacMY));
+    const auto* missing = static_cast<oa::oaCustomViaDef*>(oa::oaViaDef::find(tech, "missing via"));
+    const oa::oaParamArray params = allParams();
+    oa::oaCustomVia::create(block, missing, oa::oaTransform(90, 100), &params);
 }
 
 } // namespace

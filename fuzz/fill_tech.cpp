@@ -18,6 +18,8 @@ void defineVias(oa::oaTech* tech) {
     oa::oaStringProp::create(via, "name", "a via");
     oa::oaCustomViaDef::create(tech, "custom via", name("lib"), name("cell"), name("layout"), lower,
                                upper);
+    oa::oaCustomViaDef::create(tech, "missing via", name("lib"), name("missing"), name("layout"),
+                               lower, upper);
 }
 
 namespace {

@@ -65,15 +65,27 @@ bool isReadable(std::span<const std::byte> bytes, DatabaseFileKind kind) {
     }
 }
 
-/// Calls `open`, which refuses unsound files.
+/// Calls `open`, which refuses unsound files and must say why; tells `refusal` of that.
 template <class Open>
-auto openedOrNull(Open open) -> decltype(open()) {
+auto openedOrNull(Open open, std::string* refusal = nullptr) -> decltype(open()) {
     try {
         return open();
-    } catch (const oa::oaException&) {
+    } catch (const oa::oaException& error) {
+        if (error.getMsgId() != oa::oacDatabaseFileDamaged)
+            throw;
+        if (refusal)
+            *refusal = static_cast<const oa::oaChar*>(error.getMsg());
         return nullptr;
     }
 }
+
+/// Puts an empty technology back. Designs look into the technology of their library: later inputs
+/// must not meet an earlier one.
+struct TechGuard {
+    const std::string path;
+    const std::string& empty;
+    ~TechGuard() { writeFile(path, std::as_bytes(std::span(empty))); }
+};
 
 /// The technology of a library with definitions of vias, while it lives: nothing of them is on
 /// disk.
@@ -122,6 +134,22 @@ bool Trial::run(std::span<const std::byte> bytes) {
     }
 }
 
+std::string Trial::refusalOf(std::span<const std::byte> bytes) {
+    std::string refusal;
+    if (kindOf(bytes) == DatabaseFileKind::Technology) {
+        const TechGuard guard{techPath(), emptyTech_};
+        writeFile(techPath(), bytes);
+        if (oa::oaTech* tech =
+                openedOrNull([this] { return oa::oaTech::open(lib_, 'r'); }, &refusal))
+            tech->purge();
+    } else {
+        writeFile(designPath(), bytes);
+        if (oa::oaDesign* design = openedOrNull([] { return openDesign('r'); }, &refusal))
+            design->purge();
+    }
+    return refusal;
+}
+
 bool Trial::runDesign(std::span<const std::byte> bytes) {
     const WithVias tech(lib_);
     writeFile(designPath(), bytes);
@@ -147,11 +175,7 @@ bool Trial::runDesign(std::span<const std::byte> bytes) {
 }
 
 bool Trial::runTech(std::span<const std::byte> bytes) {
-    // Designs look into the technology of their library: later inputs must not meet this one.
-    struct Guard {
-        const Trial& trial;
-        ~Guard() { writeFile(trial.techPath(), std::as_bytes(std::span(trial.emptyTech_))); }
-    } guard{*this};
+    const TechGuard guard{techPath(), emptyTech_};
     writeFile(techPath(), bytes);
     oa::oaTech* tech = openedOrNull([this] { return oa::oaTech::open(lib_, 'a'); });
     if (!tech)

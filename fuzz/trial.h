@@ -26,6 +26,9 @@ public:
     /// process when something is not as it must be.
     bool run(std::span<const std::byte> bytes);
 
+    /// What is said on opening a file of these bytes; empty when they are accepted.
+    std::string refusalOf(std::span<const std::byte> bytes);
+
     /// The file of an empty design or technology after `change`.
     std::string designFile(const std::function<void(oa::oaDesign*)>& change);
     std::string techFile(const std::function<void(oa::oaTech*)>& change);

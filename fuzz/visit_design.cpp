@@ -148,6 +148,16 @@ void visitViaHeader(const oa::oaViaHeader* header, Digest& digest) {
         digest.add(sub->getVias().getCount());
         digest.add(sub->getSuperHeader() == header);
     }
+    if (header->getType() != oa::oacCustomViaHeaderType)
+        return;
+    const auto* custom = static_cast<const oa::oaCustomViaHeader*>(header);
+    oa::oaScalarName cell;
+    custom->getCellName(cell);
+    cell.get(oa::oaNativeNS(), name);
+    digest.add(name);
+    oa::oaParamArray params;
+    custom->getAllParams(params);
+    visitParams(params, digest);
 }
 
 void visitInstTerm(const oa::oaInstTerm* term, Digest& digest) {

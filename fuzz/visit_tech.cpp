@@ -108,7 +108,14 @@ void visitViaDef(const oa::oaTech* tech, const oa::oaViaDef* def, Digest& digest
     digest.add(def->getResistancePerCut());
     if (def->getType() == oa::oacStdViaDefType)
         return visitStdViaDef(static_cast<const oa::oaStdViaDef*>(def), digest);
-    static_cast<const oa::oaCustomViaDef*>(def)->getCellName(oa::oaNativeNS(), name);
+    const auto* custom = static_cast<const oa::oaCustomViaDef*>(def);
+    custom->getLibName(oa::oaNativeNS(), name);
+    digest.add(name);
+    custom->getCellName(oa::oaNativeNS(), name);
+    digest.add(name);
+    oa::oaScalarName view;
+    custom->getViewName(view);
+    view.get(oa::oaNativeNS(), name);
     digest.add(name);
 }
 
