@@ -48,6 +48,38 @@ TEST_F(AttributesTest, AreKeptOnDisk) {
                 ElementsAre("libReadOnly=No", "origFileSystem=Windows", "project=radio"));
 }
 
+TEST_F(AttributesTest, StandInTheOrderInWhichTheyWereSet) {
+    oaLib* lib = createFor("lib", "Unix");
+    ASSERT_TRUE(lib->getAccess(oacWriteLibAccess));
+    oaDMAttrArray attributes = attribute("project", "radio");
+    attributes.append(oaDMAttr("origFileSystem", "Unix"));
+    attributes.append(oaDMAttr("band", "k"));
+    attributes.append(oaDMAttr("project", "radar"));
+    lib->setAttributes(attributes);
+    EXPECT_THAT(attributesOf(lib),
+                ElementsAre("libReadOnly=No", "project=radar", "origFileSystem=Unix", "band=k"));
+}
+
+TEST_F(AttributesTest, AreTheSameWhenThoseThatWereReadAreSetAgain) {
+    oaLib* lib = createFor("lib", "Windows");
+    lib->close();
+    put("lib/.oalib", "<Library DMSystem=\"oaDMFileSys\"><oaDMFileSys project=\"radio\" "
+                      "origFileSystem=\"Windows\" band=\"k\" libReadOnly=\"No\"/></Library>");
+    lib = open("lib", "lib");
+    ASSERT_TRUE(lib->getAccess(oacWriteLibAccess));
+    const auto expected =
+        ElementsAre("project=radio", "origFileSystem=Windows", "band=k", "libReadOnly=No");
+    EXPECT_THAT(attributesOf(lib), expected);
+    oaDMAttrArray attributes;
+    lib->getAttributes(attributes);
+    lib->setAttributes(attributes);
+    EXPECT_THAT(attributesOf(lib), expected);
+    lib->close();
+    lib = open("lib", "lib");
+    ASSERT_TRUE(lib->getAccess(oacReadLibAccess));
+    EXPECT_THAT(attributesOf(lib), expected);
+}
+
 TEST_F(AttributesTest, NeedAccess) {
     oaLib* lib = create("lib");
     oaDMAttrArray attributes;

@@ -200,16 +200,16 @@ void oaLib::getAttributes(oaDMAttrArray& attrs) const {
 
 void oaLib::setAttributes(const oaDMAttrArray& attrs) {
     Library& library = libraryOf(this, oacWriteLibAccess);
+    LibraryMarker::Attributes given;
+    for (oaUInt4 i = 0; i < attrs.getNumElements(); ++i)
+        given.emplace_back(text(attrs[i].getName()), text(attrs[i].getValue()));
     LibraryMarker marker = library.marker();
-    marker.clearOthers();
-    for (oaUInt4 i = 0; i < attrs.getNumElements(); ++i) {
-        std::string wrong = marker.set(text(attrs[i].getName()), text(attrs[i].getValue()));
-        // Every name on disk is spelled by it.
-        if (marker.fileSystem() != library.marker().fileSystem())
-            wrong = "attribute 'origFileSystem' cannot be changed";
-        if (!wrong.empty())
-            throw oaDMError(oacInvalidLibAttribute, library.name().c_str(), wrong.c_str());
-    }
+    std::string wrong = marker.replace(given);
+    // Every name on disk is spelled by it.
+    if (wrong.empty() && marker.fileSystem() != library.marker().fileSystem())
+        wrong = "attribute 'origFileSystem' cannot be changed";
+    if (!wrong.empty())
+        throw oaDMError(oacInvalidLibAttribute, library.name().c_str(), wrong.c_str());
     using Observer = oaVersionedObserver<oaLib>;
     Observer::notifyPreModifyObservers(this, oacSetAttributesLibModType);
     library.replaceMarker(marker);

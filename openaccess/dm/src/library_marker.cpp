@@ -51,7 +51,7 @@ LibraryMarker LibraryMarker::read(const std::string& path) {
     const std::string content = platform::readFile(path);
     try {
         LibraryMarker marker;
-        marker.attributes_ = {{kReadOnly, "No"}};
+        marker.attributes_.clear();
         const XmlElement root = platform::parseXml(content);
         for (const auto& [name, value] : systemElement(root).attributes) {
             // Somebody else's library may come from a system that we do not know.
@@ -60,6 +60,8 @@ LibraryMarker LibraryMarker::read(const std::string& path) {
             else if (const std::string wrong = marker.set(name, value); !wrong.empty())
                 throw std::runtime_error(wrong);
         }
+        if (marker.value(kReadOnly).empty())
+            marker.attributes_.emplace(marker.attributes_.begin(), kReadOnly, "No");
         return marker;
     } catch (const std::runtime_error& error) {
         throw DamagedFile("file '" + path + "' is damaged: " + error.what());
@@ -102,10 +104,19 @@ std::string LibraryMarker::set(const std::string& name, const std::string& value
     return {};
 }
 
-void LibraryMarker::clearOthers() {
+std::string LibraryMarker::replace(const Attributes& given) {
     std::erase_if(attributes_, [](const Attributes::value_type& attribute) {
         return attribute.first != kReadOnly && attribute.first != kFileSystem;
     });
+    for (const auto& [name, value] : given)
+        if (std::string wrong = set(name, value); !wrong.empty())
+            return wrong;
+    std::ranges::stable_sort(attributes_, {}, [&](const Attributes::value_type& attribute) {
+        const auto found =
+            std::ranges::find(given, attribute.first, &Attributes::value_type::first);
+        return found == given.end() ? 0 : 1 + (found - given.begin());
+    });
+    return {};
 }
 
 bool LibraryMarker::readOnly() const {

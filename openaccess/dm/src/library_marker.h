@@ -45,8 +45,10 @@ public:
 
     /// Sets an attribute or appends a new one. @returns what is wrong with it, empty when nothing
     std::string set(const std::string& name, const std::string& value);
-    /// Drops all attributes but the two that steer the library.
-    void clearOthers();
+    /// Replaces the attributes by these, in their order. Of the two that steer the library, those
+    /// that are not given keep their value and come first.
+    /// @returns what is wrong, empty when nothing; otherwise the marker is not to be used
+    std::string replace(const Attributes& given);
 
     bool readOnly() const;
     /// Unix unless the attribute says Windows.
