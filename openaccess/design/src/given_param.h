@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/src/append_bytes.h"
 #include "base/src/table.h"
 #include "oa/oaParam.h"
 
@@ -32,11 +33,6 @@ struct GivenParamRecord {
         visitor.require(self.reserved == 0);
     }
 };
-
-template <class Value>
-void appendBytes(std::string& bytes, const Value& value) {
-    bytes.append(reinterpret_cast<const char*>(&value), sizeof(value));
-}
 
 /// Appends what is the same for equal parameters of one database.
 template <std::uint32_t ownerTable>

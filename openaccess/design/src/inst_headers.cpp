@@ -1,5 +1,6 @@
 #include "design/src/inst_headers.h"
 
+#include "base/src/append_bytes.h"
 #include "design/src/design_database.h"
 #include "design/src/open_designs.h"
 #include "oa/oaDesign.h"

@@ -1,5 +1,6 @@
 #include "design/src/submasters.h"
 
+#include "base/src/append_bytes.h"
 #include "design/src/design_database.h"
 #include "design/src/open_designs.h"
 #include "design/src/pcell_observers.h"
@@ -101,11 +102,6 @@ SubmasterOrigin originOf(oaDesign* superMaster, const oaParamArray& given, bool 
         if (isGiven[i])
             origin.given.append(origin.params[i]);
     return origin;
-}
-
-template <class Value>
-void appendBytes(std::string& key, const Value& value) {
-    key.append(reinterpret_cast<const char*>(&value), sizeof(value));
 }
 
 void appendText(std::string& key, const oaString& text) {

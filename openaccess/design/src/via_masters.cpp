@@ -1,5 +1,6 @@
 #include "design/src/via_masters.h"
 
+#include "base/src/append_bytes.h"
 #include "base/src/session.h"
 #include "design/src/design_database.h"
 #include "design/src/open_designs.h"
@@ -131,8 +132,9 @@ std::string keyOf(const oaStdViaDef* def, const oaViaParam& params) {
     const oaTech* tech = def->getTech();
     const std::array<oaLayerNum, 4> layers = {def->getLayer1Num(), def->getLayer2Num(),
                                               def->getImplant1Num(), def->getImplant2Num()};
-    std::string key(reinterpret_cast<const char*>(&tech), sizeof(tech));
-    key.append(reinterpret_cast<const char*>(layers.data()), sizeof(layers));
+    std::string key;
+    appendBytes(key, tech);
+    appendBytes(key, layers);
     key.append(name, name.getLength() + 1);
     return key + ViaParams::key(params);
 }

@@ -1,5 +1,6 @@
 #include "design/src/vias.h"
 
+#include "base/src/append_bytes.h"
 #include "design/src/design_database.h"
 #include "design/src/instance_edit.h"
 #include "design/src/measuring.h"

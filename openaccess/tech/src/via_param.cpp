@@ -1,3 +1,4 @@
+#include "base/src/append_bytes.h"
 #include "oa/oaTechException.h"
 #include "oa/oaViaParam.h"
 #include "tech/src/via_params.h"
@@ -17,11 +18,6 @@ constexpr std::uint64_t kMostCuts = 1u << 20;
 void requireSome(oaViaParamType type, oaUInt4 count) {
     if (count == 0)
         throw oaTechError(oacInvalidViaParam, static_cast<const oaChar*>(type.getName()), count);
-}
-
-template <class Value>
-void append(std::string& bytes, const Value& value) {
-    bytes.append(reinterpret_cast<const char*>(&value), sizeof(value));
 }
 
 } // namespace
@@ -184,8 +180,8 @@ StoredViaParam ViaParams::store(const oaViaParam& params, StringPool& strings) {
     std::string missing;
     if (isGiven(oaViaParam::kCutPattern))
         for (const oaViaParam::Cut& cut : params.missing_) {
-            append(missing, cut.first);
-            append(missing, cut.second);
+            appendBytes(missing, cut.first);
+            appendBytes(missing, cut.second);
         }
     stored.missingCuts = strings.intern(missing);
     return stored;
@@ -243,14 +239,14 @@ std::string ViaParams::key(const oaViaParam& params) {
     std::string bytes;
     for (const oaUInt4 value : {params.cutLayer_, params.cutColumns_, params.cutRows_,
                                 params.cutWidth_, params.cutHeight_})
-        append(bytes, value);
+        appendBytes(bytes, value);
     for (const oaVector& vector : params.vectors_) {
-        append(bytes, vector.x());
-        append(bytes, vector.y());
+        appendBytes(bytes, vector.x());
+        appendBytes(bytes, vector.y());
     }
     for (const oaViaParam::Cut& cut : params.missing_) {
-        append(bytes, cut.first);
-        append(bytes, cut.second);
+        appendBytes(bytes, cut.first);
+        appendBytes(bytes, cut.second);
     }
     return bytes;
 }
