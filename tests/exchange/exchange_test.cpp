@@ -1,9 +1,10 @@
 // Libraries that the other system's build has written, and damaged ones.
 //
 // data/linux and data/windows were made by `ovalis export` of examples/components/spiral_39n and
-// wilkinson_100g, each by one build.
+// wilkinson_100g, data/vias/linux and data/vias/windows by make_via_library, each by one build.
 
 #include "description.h"
+#include "via_library.h"
 
 #include <ovalis/core.h>
 #include <ovalis/library.h>
@@ -26,11 +27,11 @@ using namespace ovalis::test;
 /// A copy of a library of the source tree, for its locks need a place where one may write.
 class Libraries : public testing::Test {
 protected:
-    std::string copyOf(const std::string& system) const {
-        const std::string copy = directory.str() + "/" + system;
-        std::filesystem::copy(sourceTree() / "tests/exchange/data" / system,
-                              directory.path() / system, std::filesystem::copy_options::recursive);
-        return copy;
+    std::string copyOf(const std::string& library) const {
+        std::filesystem::create_directories((directory.path() / library).parent_path());
+        std::filesystem::copy(sourceTree() / "tests/exchange/data" / library,
+                              directory.path() / library, std::filesystem::copy_options::recursive);
+        return directory.str() + "/" + library;
     }
 
     TemporaryDirectory directory;
@@ -51,9 +52,25 @@ TEST_F(Libraries, HoldTheSameWhicheverSystemWroteThem) {
     EXPECT_EQ(describeLibrary(copyOf("windows")), expected);
 }
 
+TEST_F(Libraries, HoldTheSameViasWhicheverSystemWroteThem) {
+    const std::string made = directory.str() + "/made";
+    makeViaLibrary(made);
+    const std::string expected = describeViaLibrary(made);
+    EXPECT_NE(expected.find("\nStdVia array at 1100,2000 R0 box 1076 1976 1126 2024 pin pin\n"),
+              std::string::npos)
+        << expected;
+    for (const char* system : {"linux", "windows"}) {
+        const std::string copy = copyOf("vias/" + std::string(system));
+        EXPECT_EQ(describeViaLibrary(copy), expected) << system;
+        EXPECT_EQ(readText(copy + "/tech.db"), readText(made + "/tech.db")) << system;
+    }
+}
+
 TEST_F(Libraries, SayWhichSystemMadeThem) {
-    for (const auto& [system, word] : {std::pair("linux", "Unix"), std::pair("windows", "Windows")})
-        EXPECT_NE(readText(copyOf(system) + "/.oalib")
+    for (const auto& [library, word] :
+         {std::pair("linux", "Unix"), std::pair("windows", "Windows"),
+          std::pair("vias/linux", "Unix"), std::pair("vias/windows", "Windows")})
+        EXPECT_NE(readText(copyOf(library) + "/.oalib")
                       .find("origFileSystem=\"" + std::string(word) + "\""),
                   std::string::npos);
 }

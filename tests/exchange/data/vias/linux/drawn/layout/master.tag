@@ -1,0 +1,2 @@
+-- Master.tag File, Rev:1.0
+layout.oa
