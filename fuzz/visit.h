@@ -27,7 +27,8 @@ void destroyHalf(oa::oaBlock* block);
 void fill(oa::oaDesign* design);
 void fill(oa::oaTech* tech);
 
-/// Makes the definitions, "via", "custom via" and "missing via", of the vias that fill() puts into a design.
+/// Makes the definitions, "via", "custom via" and "missing via", of the vias that fill() puts into
+/// a design.
 void defineVias(oa::oaTech* tech);
 
 /// Gives an object a property of every kind.
