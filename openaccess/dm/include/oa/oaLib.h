@@ -76,9 +76,8 @@ public:
     /// @throws oaDMError  oacLibAccessDenied without read access
     void getAttributes(oaDMAttrArray& attrs) const;
 
-    /// Replaces the attributes, in the order given; those two that steer the library keep their
-    /// value and come first when they are not given. The change of "libReadOnly" counts from the
-    /// next access on.
+    /// Replaces the attributes in this order; those two that steer the library stay, in front, when
+    /// they are not given. The change of "libReadOnly" counts from the next access on.
     /// @throws oaDMError  oacLibAccessDenied without write access; oacInvalidLibAttribute
     void setAttributes(const oaDMAttrArray& attrs);
 
