@@ -54,6 +54,11 @@ void fill(oa::oaTech* tech) {
     oa::oaFltValue::create(tech, 0.5f);
     oa::oaBooleanValue::create(tech, true);
     oa::oaStringValue::create(tech, "value");
+    oa::oaUInt8Value::create(tech, 1ull << 40);
+    oa::oaLayerValue::create(tech, 2);
+    oa::oaDualIntValue::create(tech, 5, -6);
+    oa::oaIntRangeValue::create(tech, oa::oaIntRange(oa::oacOpenLeftRangeType, -5, 7));
+    oa::oaUInt8RangeValue::create(tech, oa::oaUInt8Range(oa::oacLessThanRangeType, 1ull << 40));
     oa::oaStringProp::create(tech, "name", "technology");
     oa::oaIntProp::create(metal, "thickness", 900);
 }

@@ -72,19 +72,52 @@ void visitUnits(const oa::oaTech* tech, Digest& digest) {
     digest.add(tech->getDefaultManufacturingGrid());
 }
 
+template <class Value>
+void visitPlain(const oa::oaValue* value, Digest& digest) {
+    digest.add(static_cast<const Value*>(value)->get());
+}
+
+template <class Value, class Range>
+void visitRange(const oa::oaValue* value, Digest& digest) {
+    Range range;
+    static_cast<const Value*>(value)->get(range);
+    digest.add(range.getType());
+    digest.add(range.getLowerBound());
+    digest.add(range.getUpperBound());
+}
+
+void visitDual(const oa::oaDualIntValue* value, Digest& digest) {
+    digest.add(value->getFirst());
+    digest.add(value->getSecond());
+}
+
+void visitText(const oa::oaStringValue* value, Digest& digest) {
+    oa::oaString text;
+    value->get(text);
+    digest.add(text);
+}
+
 void visitValue(const oa::oaValue* value, Digest& digest) {
     visitObject(value, digest);
-    oa::oaString text;
     switch (value->getType()) {
     case oa::oacIntValueType:
-        return digest.add(static_cast<const oa::oaIntValue*>(value)->get());
+        return visitPlain<oa::oaIntValue>(value, digest);
     case oa::oacFltValueType:
-        return digest.add(static_cast<const oa::oaFltValue*>(value)->get());
+        return visitPlain<oa::oaFltValue>(value, digest);
     case oa::oacBooleanValueType:
-        return digest.add(static_cast<const oa::oaBooleanValue*>(value)->get());
+        return visitPlain<oa::oaBooleanValue>(value, digest);
+    case oa::oacUInt8ValueType:
+        return visitPlain<oa::oaUInt8Value>(value, digest);
+    case oa::oacLayerValueType:
+        return visitPlain<oa::oaLayerValue>(value, digest);
+    case oa::oacIntRangeValueType:
+        return visitRange<oa::oaIntRangeValue, oa::oaIntRange>(value, digest);
+    case oa::oacUInt8RangeValueType:
+        return visitRange<oa::oaUInt8RangeValue, oa::oaUInt8Range>(value, digest);
+    case oa::oacDualIntValueType:
+        return visitDual(static_cast<const oa::oaDualIntValue*>(value), digest);
     default:
-        static_cast<const oa::oaStringValue*>(value)->get(text);
-        return digest.add(text);
+        return visitText(static_cast<const oa::oaStringValue*>(value), digest);
     }
 }
 
