@@ -140,6 +140,30 @@ TEST(Collect, TellsOfInstancesWithoutMaster) {
     EXPECT_EQ(collect(*top).notes, (std::vector<std::string>{"instance I7 has no master to show"}));
 }
 
+TEST(Collect, FollowsNoDesignIntoItself) {
+    Drawn drawn;
+    const oa::oaNativeNS names;
+    oa::oaDesign* first = drawn.design("first");
+    oa::oaDesign* second = drawn.design("second");
+    const auto place = [&](oa::oaDesign* into, oa::oaDesign* master, const char* name) {
+        oa::oaScalarInst::create(into->getTopBlock(), master, oa::oaScalarName(names, name),
+                                 oa::oaTransform(0, 0));
+    };
+    oa::oaDot::create(second->getTopBlock(), 3, drawing, oa::oaPoint(1, 1));
+    for (const char* name : {"I1", "I2"}) {
+        place(first, first, name);
+        place(second, first, name);
+    }
+    place(first, second, "J1");
+    place(first, second, "J2");
+    const drawing::Picture picture = collect(*first);
+    EXPECT_EQ(picture.layers.at(metal).dots, (drawing::Points{{1, 1}, {1, 1}}));
+    EXPECT_EQ(picture.notes,
+              (std::vector<std::string>{
+                  "instance I1 is not shown, its master lib/first/layout contains it",
+                  "instance I2 is not shown, its master lib/first/layout contains it"}));
+}
+
 TEST(Collect, ShowsViasThroughTheirMasters) {
     Drawn drawn;
     oa::oaDesign* design = drawn.design("vias");

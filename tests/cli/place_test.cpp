@@ -87,6 +87,8 @@ TEST(Place, NamesWhatIsWrongAndPlacesNothing) {
          "ovalis: X is out of the range of coordinates\n"},
         {{"I2", "0", "-3000000", "--master", lib, "coil", "layout"},
          "ovalis: Y is out of the range of coordinates\n"},
+        {{"I2", "0", "0", "--master", lib + "/.", "top", "layout"},
+         "ovalis: top/layout cannot be placed in itself\n"},
         {{"I2", "0", "0"}, "ovalis: --master is required (see ovalis --help)\n"},
     };
     for (const auto& row : rows) {

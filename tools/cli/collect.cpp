@@ -7,6 +7,7 @@
 #include <ovalis/ports.h>
 
 #include "cli/library_access.h"
+#include "evaluation/identity.h"
 
 namespace cli {
 namespace {
@@ -166,10 +167,11 @@ double angleOf(oa::oaPin& pin) {
     }
 }
 
-/// Walks a block and the masters of its instances.
+/// Walks a block and the masters of its instances, each as long as it does not contain itself.
 class Collector {
 public:
-    Collector(Picture& picture, oa::oaTech* tech) : picture_(picture), tech_(tech) {}
+    Collector(Picture& picture, oa::oaDesign& design)
+        : picture_(picture), tech_(design.getTech()), open_{&design} {}
 
     void addBlock(oa::oaBlock& block, const oa::oaTransform& transform, int depth) {
         oa::oaIter<oa::oaShape> shapes(block.getShapes());
@@ -238,6 +240,12 @@ private:
         return master == nullptr ? nullptr : master->getTopBlock();
     }
 
+    /// The same instance, or thousands alike, may be met often.
+    void noteOnce(const std::string& note) {
+        if (std::ranges::find(picture_.notes, note) == picture_.notes.end())
+            picture_.notes.push_back(note);
+    }
+
     void addPlaced(oa::oaRef& ref, oa::oaBlock& block, const oa::oaTransform& transform,
                    int depth) {
         oa::oaTransform place;
@@ -253,25 +261,30 @@ private:
         }
         oa::oaString name;
         via.getViaDefName(name);
-        const std::string note = "via " + ovalis::fromOa(name) + " has no master to show";
-        // A layout may have thousands of one definition.
-        if (std::ranges::find(picture_.notes, note) == picture_.notes.end())
-            picture_.notes.push_back(note);
+        noteOnce("via " + ovalis::fromOa(name) + " has no master to show");
     }
 
     void addInstance(oa::oaInst& inst, const oa::oaTransform& transform, int depth) {
         oa::oaBlock* block = masterOf(inst, depth);
+        oa::oaString name;
+        inst.getName(oa::oaNativeNS(), name);
+        const std::string who = "instance " + ovalis::fromOa(name);
         if (block == nullptr) {
-            oa::oaString name;
-            inst.getName(oa::oaNativeNS(), name);
-            picture_.notes.push_back("instance " + ovalis::fromOa(name) + " has no master to show");
+            picture_.notes.push_back(who + " has no master to show");
             return;
         }
-        if (inst.getType() == oa::oacArrayInstType) {
+        oa::oaDesign* master = block->getDesign();
+        if (std::ranges::find(open_, master) != open_.end()) {
+            noteOnce(who + " is not shown, its master " + evaluation::nameOf(*master).text() +
+                     " contains it");
+            return;
+        }
+        open_.push_back(master);
+        if (inst.getType() == oa::oacArrayInstType)
             addArray(static_cast<oa::oaArrayInst&>(inst), *block, transform, depth);
-            return;
-        }
-        addPlaced(inst, *block, transform, depth);
+        else
+            addPlaced(inst, *block, transform, depth);
+        open_.pop_back();
     }
 
     void addArray(oa::oaArrayInst& array, oa::oaBlock& block, const oa::oaTransform& transform,
@@ -308,6 +321,8 @@ private:
 
     Picture& picture_;
     oa::oaTech* tech_;
+    /// The designs from the top down to the block that is being walked.
+    std::vector<const oa::oaDesign*> open_;
 };
 
 } // namespace
@@ -322,7 +337,7 @@ Picture collect(oa::oaDesign& design) {
         }
         picture.dbuPerUserUnit = block->getDBUPerUU();
         picture.userUnit = ovalis::fromOa(block->getUserUnits().getName());
-        Collector collector(picture, design.getTech());
+        Collector collector(picture, design);
         collector.addBlock(*block, oa::oaTransform(), 0);
         collector.addPins(*block);
         return picture;

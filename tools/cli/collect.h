@@ -9,7 +9,7 @@ namespace cli {
 /// Takes everything that a design shows, with the contents of its instances, into a picture.
 ///
 /// Layer names come from the library's technology, else from the default tables. An instance whose
-/// master cannot be had is told in the picture's notes.
+/// master cannot be had, or whose master contains it, is told in the picture's notes.
 /// @throws ovalis::Exception  the database failed.
 drawing::Picture collect(oa::oaDesign& design);
 

@@ -60,8 +60,10 @@ int placeCommand(const PlaceOptions& options, Console& console) {
         const std::string masterName = nameOf(masterOptions);
         const ovalis::LibPtr lib =
             ovalis::openLib(directoryOf(place.library), true, nameOf(place.library));
-        const MasterLibrary masterLibrary(
-            *lib, masterOptions, platform::sameFile(masterOptions.path, place.library.path));
+        const bool sameLibrary = platform::sameFile(masterOptions.path, place.library.path);
+        if (sameLibrary && options.master[1] == place.cell && options.master[2] == place.view)
+            throw std::runtime_error(place.cell + "/" + place.view + " cannot be placed in itself");
+        const MasterLibrary masterLibrary(*lib, masterOptions, sameLibrary);
         const oa::oaParamArray params = paramsFor(*masterLibrary, options);
 
         const OpenDesign design(
