@@ -59,7 +59,11 @@ std::string pathOf(const oa::oaLib& lib) {
     return ovalis::fromOa(path);
 }
 
+constexpr const char* noDirectory = "the name of a library's directory is empty";
+
 void requireLibrary(const std::string& directory) {
+    if (directory.empty())
+        throw std::runtime_error(noDirectory);
     if (!ovalis::existsLib(directory))
         throw std::runtime_error("OA Library not found at " + directory);
 }
@@ -89,6 +93,12 @@ OpenLibraries::OpenLibraries(const std::string& directory, const std::string& na
 
 OpenLibraries::~OpenLibraries() {
     closeAll();
+}
+
+oa::oaLib& OpenLibraries::library() const {
+    if (library_ == nullptr)
+        throw std::runtime_error(noDirectory);
+    return *library_;
 }
 
 std::vector<oa::oaLib*> OpenLibraries::all() const {

@@ -26,7 +26,8 @@ public:
     OpenLibraries& operator=(const OpenLibraries&) = delete;
     ~OpenLibraries();
 
-    oa::oaLib& library() const { return *library_; }
+    /// @throws std::runtime_error  no directory was given
+    oa::oaLib& library() const;
 
     /// The open library in a directory; one that is not open yet is opened under the name given. It
     /// can be read.
