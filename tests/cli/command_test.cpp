@@ -34,6 +34,33 @@ TEST(Command, WrongUsageIsOneLineAndStatus2) {
         EXPECT_EQ(ovalisHere(usage.arguments), (Outcome{2, "", usage.talk}));
 }
 
+TEST(Command, AnEmptyValueIsWrongUsage) {
+    const WrongUsage wrong[] = {
+        {{"describe", ""}, "DIR"},
+        {{"report", ""}, "DIR"},
+        {{"diff", "", ""}, "SIDES"},
+        {{"diff", "lib", ""}, "SIDES"},
+        {{"describe", "lib", "coil", ""}, "VIEW"},
+        {{"describe", "lib", "-o", ""}, "-o"},
+        {{"files", "lib", "--add", ""}, "--add"},
+        {{"files", "lib", "--remove", ""}, "--remove"},
+        {{"files", "lib", "--add=", "--json"}, "--add"},
+        {{"check", "lib", "--name", ""}, "--name"},
+        {{"report", "lib", "--origins", ""}, "--origins"},
+        {{"cache", "list", "--libs", ""}, "--libs"},
+        {{"evaluate", "lib", "coil", "layout", "--draw", ""}, "--draw"},
+        {{"evaluate", "lib", "coil", "layout", "--param", ""}, "--param"},
+        {{"place", "lib", "top", "layout", "I1", "", "0", "--master", "lib", "a", "b"}, "X"},
+        {{"place", "lib", "top", "layout", "I1", "0", "0", "--master", "lib", "", "b"}, "--master"},
+        {{"libs", ""}, "FILE"},
+    };
+    for (const WrongUsage& usage : wrong)
+        EXPECT_EQ(ovalisHere(usage.arguments),
+                  (Outcome{2, "",
+                           "ovalis: " + std::string(usage.talk) +
+                               ": the value is empty (see ovalis --help)\n"}));
+}
+
 TEST(Command, AnUnreadableComponentIsOneLineAndStatus2) {
     const Workplace work;
     const std::string file = work.path("absent.json");

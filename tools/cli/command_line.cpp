@@ -291,6 +291,35 @@ void addReport(CLI::App& app, Options& options, Run& run) {
     command.callback([&] { run.status = reportCommand(options.report, run.console); });
 }
 
+/// Refuses empty values: they come from variables that are not set, and would else count as not
+/// given.
+void refuseEmptyValues(CLI::App& command) {
+    for (CLI::Option* option : command.get_options([](const CLI::Option*) { return true; }))
+        if (option->get_items_expected_max() > 0)
+            option->check([](const std::string& value) {
+                return std::string(value.empty() ? "the value is empty" : "");
+            });
+    for (CLI::App* each : command.get_subcommands([](const CLI::App*) { return true; }))
+        refuseEmptyValues(*each);
+}
+
+/// "--name=" as an option and an empty value: the parser would take what follows for the value.
+std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments) {
+    std::vector<std::string> apart;
+    bool onlyValues = false;
+    for (const std::string& argument : arguments) {
+        onlyValues = onlyValues || argument == "--";
+        const std::size_t end = argument.find('=');
+        if (onlyValues || !argument.starts_with("--") || end + 1 != argument.size()) {
+            apart.push_back(argument);
+            continue;
+        }
+        apart.push_back(argument.substr(0, end));
+        apart.emplace_back();
+    }
+    return apart;
+}
+
 /// The program with every command; `options` and `run` outlive it.
 std::unique_ptr<CLI::App> makeProgram(Options& options, Run& run) {
     auto program = std::make_unique<CLI::App>(
@@ -326,6 +355,7 @@ std::unique_ptr<CLI::App> makeProgram(Options& options, Run& run) {
     addHash(app, options, run);
     addCache(app, options, run);
     addBrokers(app, options, run);
+    refuseEmptyValues(app);
     return program;
 }
 
@@ -336,7 +366,9 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     Run run{console};
     const std::unique_ptr<CLI::App> app = makeProgram(options, run);
     try {
-        app->parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        std::vector<std::string> parsed = withEmptyValues(arguments);
+        std::reverse(parsed.begin(), parsed.end());
+        app->parse(parsed);
     } catch (const CLI::Error& error) {
         return app->exit(error, console.out, console.talk) == 0 ? success : failure;
     } catch (const std::exception& error) {
