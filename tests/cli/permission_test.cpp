@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/ordinary_user.h"
-#include "workplace.h"
+#include "shell.h"
 
 namespace cli::test {
 namespace {
@@ -73,6 +73,30 @@ TEST(Permission, AComponentThatMayNotBeReadIsNamed) {
     EXPECT_EQ(place.exportHere(), (Outcome{2, "",
                                            "ovalis: " + place.work.path("component.json") +
                                                ": cannot be read, Permission denied\n"}));
+}
+
+TEST(Permission, AListWhoseDirectoryMayNotBeEnteredIsNamed) {
+    const Workplace work;
+    const std::string directory = work.path("closed");
+    fs::create_directory(directory);
+    ovalis::test::writeText(directory + "/lib.defs", "");
+    fs::permissions(directory, fs::perms(0));
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(ovalisHere({"libs", directory + "/lib.defs"}),
+                  (Outcome{2, "", "ovalis: " + directory + ": Permission denied\n"}));
+    }
+    fs::permissions(directory, fs::perms(0755));
+}
+
+TEST(Permission, AWorkingDirectoryThatIsGoneIsSaid) {
+    const Workplace work;
+    const std::string list = work.path("lib.defs");
+    ovalis::test::writeText(list, "");
+    fs::create_directory(work.path("gone"));
+    EXPECT_EQ(ovalisInShell("cd \"$2\"/gone && rmdir ../gone && exec \"$0\" libs \"$1\"",
+                            {list, work.path("")}),
+              (Outcome{2, "", "ovalis: working directory: No such file or directory\n"}));
 }
 
 } // namespace

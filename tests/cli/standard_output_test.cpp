@@ -1,21 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "workplace.h"
+#include "shell.h"
 
 namespace cli::test {
 namespace {
-
-using ovalis::test::builtProgram;
-using ovalis::test::utf8;
-
-/// Runs the built program as a shell has it: `line` contains it as "$0" with its arguments "$@".
-Outcome ovalisInShell(const std::string& line, const std::vector<std::string>& arguments) {
-    const ovalis::test::NoBrokers noBrokers;
-    std::vector<std::string> words = {"-c", line, utf8(builtProgram("ovalis"))};
-    words.insert(words.end(), arguments.begin(), arguments.end());
-    const auto result = ovalis::test::runProgram("/bin/sh", words);
-    return {result.exitCode, result.output, result.errors};
-}
 
 /// Commands that write, each in its own way.
 class StandardOutput : public ::testing::Test {

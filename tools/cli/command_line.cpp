@@ -1,6 +1,7 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <sstream>
@@ -65,6 +66,14 @@ std::string oneLine(std::string text) {
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
     return text;
+}
+
+/// Path and reason; the exception's own text is one for programmers.
+std::string textOf(const std::filesystem::filesystem_error& error) {
+    const std::u8string path = error.path1().u8string();
+    const bool named = !path.empty();
+    return (named ? std::string(path.begin(), path.end()) : "working directory") + ": " +
+           error.code().message();
 }
 
 struct Options {
@@ -371,6 +380,9 @@ int run(const std::vector<std::string>& arguments, Console& console) {
         app->parse(parsed);
     } catch (const CLI::Error& error) {
         return app->exit(error, console.out, console.talk) == 0 ? success : failure;
+    } catch (const std::filesystem::filesystem_error& error) {
+        console.talk << "ovalis: " << oneLine(textOf(error)) << '\n';
+        return failure;
     } catch (const std::exception& error) {
         console.talk << "ovalis: " << oneLine(error.what()) << '\n';
         return failure;
