@@ -53,6 +53,10 @@ std::optional<std::int64_t> bootTime() {
 
 } // namespace
 
+void failAtFileSizeLimit() noexcept {
+    ::signal(SIGXFSZ, SIG_IGN);
+}
+
 ProcessId currentProcessId() noexcept {
     return static_cast<ProcessId>(::getpid());
 }

@@ -28,6 +28,8 @@ std::optional<std::int64_t> startTicks(ProcessId process) {
 
 } // namespace
 
+void failAtFileSizeLimit() noexcept {}
+
 ProcessId currentProcessId() noexcept {
     return GetCurrentProcessId();
 }

@@ -55,12 +55,12 @@ int describeCommand(const DescribeOptions& options, Console& console) {
         describeWatched(libraries.library(), options, out, console);
         return success;
     }
-    platform::File file(options.outputFile, platform::OpenMode::write);
+    ResultFile file(options.outputFile);
     {
         DescriptionStream out(file);
         describeWatched(libraries.library(), options, out, console);
     }
-    file.close();
+    file.finish();
     console.talk << "wrote " << options.outputFile << '\n';
     return success;
 }

@@ -8,7 +8,7 @@ constexpr std::string_view endOfCell = "\n</cell>\n";
 
 } // namespace
 
-DescriptionStream::DescriptionStream(platform::File& file) : std::ostream(nullptr) {
+DescriptionStream::DescriptionStream(ResultFile& file) : std::ostream(nullptr) {
     buffer_.file = &file;
     rdbuf(&buffer_);
     exceptions(badbit); // a full disk is told with the system's reason

@@ -5,7 +5,7 @@
 #include <ostream>
 #include <streambuf>
 
-#include "platform/file.h"
+#include "cli/result_file.h"
 
 namespace cli {
 
@@ -13,7 +13,7 @@ namespace cli {
 /// are complete, so that another thread can watch.
 class DescriptionStream : public std::ostream {
 public:
-    explicit DescriptionStream(platform::File& file);
+    explicit DescriptionStream(ResultFile& file);
     explicit DescriptionStream(std::ostream& stream);
 
     std::uint64_t cells() const { return buffer_.cells; }
@@ -21,7 +21,7 @@ public:
 private:
     class Buffer : public std::streambuf {
     public:
-        platform::File* file = nullptr;
+        ResultFile* file = nullptr;
         std::ostream* stream = nullptr;
         std::atomic<std::uint64_t> cells{0};
 

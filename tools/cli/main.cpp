@@ -1,12 +1,14 @@
 #include <iostream>
 
 #include "cli/command_line.h"
+#include "platform/process.h"
 #include "platform/standard_output.h"
 #include "platform/terminal.h"
 #include "platform/text.h"
 
 int main(int count, char** values) {
     platform::reserveStandardStreams();
+    platform::failAtFileSizeLimit();
     platform::useUtf8Console();
     const std::vector<std::string> arguments = platform::utf8Arguments(count, values);
     platform::WatchedOutput output(*std::cout.rdbuf());

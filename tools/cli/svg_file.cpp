@@ -2,8 +2,8 @@
 
 #include <sstream>
 
+#include "cli/result_file.h"
 #include "drawing/svg.h"
-#include "platform/file.h"
 
 namespace cli {
 
@@ -11,9 +11,9 @@ void writeSvgFile(const std::string& path, const drawing::Picture& picture) {
     std::ostringstream svg;
     drawing::writeSvg(svg, picture);
     const std::string text = svg.str();
-    platform::File file(path, platform::OpenMode::write);
+    ResultFile file(path);
     file.write(text.data(), text.size());
-    file.close();
+    file.finish();
 }
 
 } // namespace cli

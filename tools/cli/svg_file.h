@@ -6,7 +6,7 @@
 
 namespace cli {
 
-/// Writes the picture into a file.
+/// Writes the picture into a file, see `ResultFile`.
 /// @throws platform::SystemFailure  the file cannot be written
 void writeSvgFile(const std::string& path, const drawing::Picture& picture);
 

@@ -11,6 +11,11 @@ using ProcessId = std::uint32_t;
 
 ProcessId currentProcessId() noexcept;
 
+/// Makes writing a file beyond the limit that the process was started with fail as on a full disk;
+/// else the system ends the process, with whatever it leaves half done. Nothing to do where there
+/// is no such limit.
+void failAtFileSizeLimit() noexcept;
+
 /// How many handles (descriptors) of the system this process holds.
 std::size_t openHandleCount();
 
