@@ -20,6 +20,14 @@ TEST(Export, SaysWhatItMade) {
                            "  symbol: 2 ports\n"}));
 }
 
+TEST(Export, WarnsOfKeysOfTheGeometryThatMeanNothing) {
+    Workplace work;
+    work.layout["text"] = 1;
+    EXPECT_TRUE(work.exportIt().talk.starts_with(
+        "ovalis: warning: " + work.path("layout.json") +
+        ": /text: this key means nothing here and is ignored\nmade coil "));
+}
+
 TEST(Export, LeavesNothingForCheckToFind) {
     const Workplace work;
     ASSERT_EQ(work.exportIt().status, 0);

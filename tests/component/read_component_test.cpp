@@ -186,6 +186,7 @@ const BadInput oddComponents[] = {
     {"/ports/0/angel", "1", "/ports/0/angel: this key means nothing here and is ignored"},
     {"/parameters/0/unit_type", "1",
      "/parameters/0/unit_type: this key means nothing here and is ignored"},
+    {"/units/dbu", "1", "/units/dbu: this key means nothing here and is ignored"},
     {"/symbol/ports", "2", "/symbol/ports: the symbol gets 4 pins, the layout has 2"},
     {"/layers/1/number", "2", "/layers/1/number: the technology keeps layer \"M1\" with number 1"},
     {"/layers/2/number", "1", "/layers/2/number: the technology keeps layer \"M1\" with number 1"},
@@ -219,7 +220,13 @@ const BrokenFile brokenFiles[] = {
     {"{\"name\": \"\xff\"}", "line 1, column 11: broken JSON, syntax error while parsing value - "
                              "invalid string: ill-formed "
                              "UTF-8 byte; last read: '\"\xff'"},
-    {"{\"angle\": 1e999}", "broken JSON, number overflow parsing '1e999'"},
+    {"{\n  \"angle\": 1e999}", "line 2, column 12: broken JSON, number overflow parsing '1e999'"},
+    {"[-1e999, 2]", "line 1, column 2: broken JSON, number overflow parsing '-1e999'"},
+    {"-1e999", "line 1, column 1: broken JSON, number overflow parsing '-1e999'"},
+    {"{\"name\": \"a\", \"kind\": {}, \"name\": \"a\"}",
+     "/name: expected the key once, found it twice"},
+    {"[{}, [1, {\"a~/\": {\"x\": 1, \"y\": [], \"x\": 1}}]]",
+     "/1/1/a~0~1/x: expected the key once, found it twice"},
 };
 
 TEST(ReadComponent, NamesThePlaceInBrokenJson) {

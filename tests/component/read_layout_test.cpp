@@ -70,6 +70,7 @@ const BadInput badLayouts[] = {
      "/layers/0/name: expected a layer that the component declares, but \"M7:drawing\" is not, "
      "found \"M7\""},
     {"/layers/0/purpose", "", "/layers/0/purpose: expected a text, no such key"},
+    {"/layers/0/polygons", "", "/layers/0/polygons: expected an array, no such key"},
     {"/layers/0/polygons", "7", "/layers/0/polygons: expected an array, found 7"},
     {"/layers/0/polygons/0", "[[0, 0], [1, 1]]",
      "/layers/0/polygons/0: expected at least 3 points, found an array of 2 elements"},
@@ -95,6 +96,41 @@ TEST(ReadLayout, SaysWhereTheFileDepartsFromTheForm) {
         apply(inputs.layout, bad);
         EXPECT_EQ(inputs.layoutComplaint(), bad.complaint);
     }
+}
+
+TEST(ReadLayout, RemarksOnEachKeyThatMeansNothingOnce) {
+    Inputs inputs;
+    inputs.layout["dbu_per_uM"] = 1000;
+    inputs.layout["text"] = nlohmann::json::array();
+    for (auto& layer : inputs.layout["layers"])
+        layer["line"] = nlohmann::json::array();
+    inputs.layout["texts"][1]["line"] = 1;
+    inputs.layout["texts"][2]["line"] = 1;
+    const Component of = inputs.readBack();
+    const std::vector<std::string> places = {"/dbu_per_uM", "/text", "/layers/0/line",
+                                             "/texts/1/line"};
+    std::vector<std::string> expected;
+    for (const std::string& place : places)
+        expected.push_back(inputs.layoutFile() + ": " + place +
+                           ": this key means nothing here and is ignored");
+    EXPECT_EQ(inputs.readLayoutBack(of).warnings, expected);
+}
+
+TEST(ReadLayout, HasNoRemarkOnAGoodFile) {
+    Inputs inputs;
+    for (const char* key : {"source", "licence", "pdk", "database_unit_um", "bbox", "counts"})
+        inputs.layout[key] = 1;
+    const Component of = inputs.readBack();
+    EXPECT_EQ(inputs.readLayoutBack(of).warnings, std::vector<std::string>{});
+}
+
+TEST(ReadLayout, RefusesAKeyThatIsGivenTwice) {
+    Inputs inputs;
+    const Component of = inputs.readBack();
+    ovalis::test::writeText(inputs.layoutFile(),
+                            R"({"layers": [{}, {"lines": [], "a~/b": 1, "lines": []}]})");
+    EXPECT_EQ(Inputs::withoutFile([&] { readLayout(of); }, inputs.layoutFile()),
+              "/layers/1/lines: expected the key once, found it twice");
 }
 
 TEST(ReadLayout, NamesALayoutThatIsNotThere) {

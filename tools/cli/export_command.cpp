@@ -77,6 +77,8 @@ int exportCommand(const ExportOptions& options, Console& console) {
         filePorts = component::connectTouchstone(component);
     for (const std::string& warning : component.warnings)
         warn(console, warning);
+    for (const std::string& warning : layout.warnings)
+        warn(console, warning);
     ExportReport report;
     try {
         report = exportComponent(component, layout, options.library, options.replace, [](Step) {});

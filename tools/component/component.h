@@ -131,6 +131,8 @@ struct Layout {
     std::vector<Label> labels;
     /// Names for the layer-purpose pairs that only labels use.
     std::vector<Layer> labelLayers;
+    /// Things that are allowed but look like mistakes, one line each.
+    std::vector<std::string> warnings;
 };
 
 } // namespace component

@@ -2,48 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <limits>
-
-#include "platform/file.h"
 
 namespace component {
 namespace {
 
 constexpr std::size_t longestQuote = 40;
-
-std::string readBytes(const std::string& file) {
-    if (!platform::exists(file))
-        throw InputError(file + ": no such file");
-    if (platform::isDirectory(file))
-        throw InputError(file + ": expected a file, found a directory");
-    try {
-        return platform::readFile(file);
-    } catch (const platform::SystemFailure& failure) {
-        throw InputError(file + ": cannot be read, " + failure.error().text());
-    }
-}
-
-/// The parser's own words without its prefix, which repeats the position.
-std::string reason(const nlohmann::json::exception& error) {
-    std::string text = error.what();
-    if (const auto bracket = text.find("] "); bracket != std::string::npos)
-        text.erase(0, bracket + 2);
-    if (text.starts_with("parse error"))
-        if (const auto colon = text.find(": "); colon != std::string::npos)
-            text.erase(0, colon + 2);
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < 32; }, ' ');
-    return text;
-}
-
-std::string position(const std::string& bytes, std::size_t offset) {
-    const auto end = bytes.begin() + static_cast<std::ptrdiff_t>(std::min(offset, bytes.size()));
-    const auto line = 1 + std::count(bytes.begin(), end, '\n');
-    const auto lastBreak = std::find(std::make_reverse_iterator(end), bytes.rend(), '\n');
-    const auto column = lastBreak - std::make_reverse_iterator(end);
-    return "line " + std::to_string(line) + ", column " + std::to_string(column + 1);
-}
 
 std::string quoted(const std::string& text) {
     using Handler = nlohmann::json::error_handler_t;
@@ -82,21 +46,6 @@ std::string escaped(std::string key) {
 
 } // namespace
 
-JsonDocument readJson(const std::string& file) {
-    JsonDocument document{file, {}};
-    const std::string bytes = readBytes(file);
-    try {
-        document.root = nlohmann::json::parse(bytes);
-    } catch (const nlohmann::json::parse_error& error) {
-        const std::size_t offset = error.byte > 0 ? error.byte - 1 : 0;
-        throw InputError(document.fileName + ": " + position(bytes, offset) + ": broken JSON, " +
-                         reason(error));
-    } catch (const nlohmann::json::exception& error) {
-        throw InputError(document.fileName + ": broken JSON, " + reason(error));
-    }
-    return document;
-}
-
 JsonNode::JsonNode(const JsonDocument& document) : JsonNode(document, &document.root, "") {}
 
 JsonNode::JsonNode(const JsonDocument& document, const nlohmann::json* value, std::string pointer)
@@ -130,6 +79,14 @@ std::vector<std::string> JsonNode::keys() const {
     for (const auto& [key, value] : value_->items())
         keys.push_back(key);
     return keys;
+}
+
+void JsonNode::remarkUnknownKeys(const std::set<std::string>& known,
+                                 std::vector<std::string>& remarks) const {
+    for (const std::string& key : keys())
+        if (!known.contains(key))
+            remarks.push_back(
+                (*this)[key.c_str()].remark("this key means nothing here and is ignored"));
 }
 
 bool JsonNode::boolean() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -22,7 +23,9 @@ struct JsonDocument {
 };
 
 /// Reads and parses a whole file.
-/// @throws InputError  the file cannot be read, or is not JSON; then line and column are named.
+/// @throws InputError  the file cannot be read, or is not JSON, then line and column are named, or
+/// an
+///                     object gives a key twice.
 JsonDocument readJson(const std::string& file);
 
 /// A value inside a document that knows its JSON pointer, so that every complaint can name it.
@@ -46,6 +49,9 @@ public:
     std::size_t size() const;
     /// The keys of an object, in byte order.
     std::vector<std::string> keys() const;
+    /// Adds a remark for each key of an object that is not among `known`.
+    void remarkUnknownKeys(const std::set<std::string>& known,
+                           std::vector<std::string>& remarks) const;
     bool boolean() const;
     double real() const;
     std::int32_t int32() const;

@@ -23,14 +23,6 @@ std::string scriptName(const JsonNode& node) {
     return scriptText(node);
 }
 
-void remarkUnknownKeys(const JsonNode& node, const std::set<std::string>& known,
-                       Component& component) {
-    for (const std::string& key : node.keys())
-        if (!known.contains(key))
-            component.warnings.push_back(
-                node[key.c_str()].remark("this key means nothing here and is ignored"));
-}
-
 void requireFormat(const JsonNode& root, const std::string& format) {
     const JsonNode node = root["format"];
     if (!node.isAbsent())
@@ -54,8 +46,8 @@ void noteName(const JsonNode& node, const std::string& what, const NamedNumber& 
 }
 
 void addLayer(const JsonNode& node, Component& component) {
-    remarkUnknownKeys(node, {"name", "number", "purpose", "purpose_number", "gds", "draw"},
-                      component);
+    node.remarkUnknownKeys({"name", "number", "purpose", "purpose_number", "gds", "draw"},
+                           component.warnings);
     Layer layer{node["name"].name(), node["number"].uint32(), node["purpose"].name(),
                 node["purpose_number"].uint32(), node["draw"].booleanOr(true)};
     if (component.findLayer(layer.key()) != nullptr)
@@ -82,8 +74,8 @@ Outline readOutline(const JsonNode& node) {
 }
 
 void addPort(const JsonNode& node, Component& component) {
-    remarkUnknownKeys(node, {"name", "layer", "purpose", "outline", "angle", "properties"},
-                      component);
+    node.remarkUnknownKeys({"name", "layer", "purpose", "outline", "angle", "properties"},
+                           component.warnings);
     Port port;
     port.name = node["name"].name();
     for (const Port& other : component.ports)
@@ -136,7 +128,7 @@ void addParameter(const JsonNode& node, Component& component) {
         known.insert({"value_with_unit", "unit_type"});
     if (kind == "layer")
         known.insert("value_text");
-    remarkUnknownKeys(node, known, component);
+    node.remarkUnknownKeys(known, component.warnings);
 
     Parameter parameter;
     parameter.name = scriptName(node["name"]);
@@ -154,6 +146,7 @@ void addParameter(const JsonNode& node, Component& component) {
 }
 
 void readUnits(const JsonNode& node, Component& component) {
+    node.remarkUnknownKeys({"user_unit", "dbu_per_uu"}, component.warnings);
     const std::vector<std::string> units = {"micron", "millimeter", "centimeter", "meter",
                                             "mil",    "inch",       "nanometer"};
     component.userUnit = units[node["user_unit"].choice(units)];
@@ -163,7 +156,7 @@ void readUnits(const JsonNode& node, Component& component) {
 }
 
 void readSymbol(const JsonNode& node, Component& component) {
-    remarkUnknownKeys(node, {"kind", "ports"}, component);
+    node.remarkUnknownKeys({"kind", "ports"}, component.warnings);
     const std::size_t kind = node["kind"].choice({"none", "differential", "differential_forks"});
     component.symbol.kind = static_cast<SymbolKind>(kind);
     if (component.symbol.kind == SymbolKind::none)
@@ -190,7 +183,7 @@ std::string besideFile(const std::string& file, const std::string& name) {
 }
 
 void readTouchstoneName(const JsonNode& node, Component& component) {
-    remarkUnknownKeys(node, {"file", "ports", "matches_layout"}, component);
+    node.remarkUnknownKeys({"file", "ports", "matches_layout"}, component.warnings);
     component.touchstoneFile = besideFile(component.file, scriptName(node["file"]));
     if (const JsonNode ports = node["ports"]; !ports.isAbsent())
         component.touchstonePorts = ports.uint32();
@@ -210,11 +203,10 @@ Component readComponent(const std::string& file) {
     Component component;
     component.file = file;
     requireFormat(root, "component/1");
-    remarkUnknownKeys(root,
-                      {"format", "name", "description", "kind", "units", "layout", "layers",
-                       "shared_net", "ports", "parameters", "options", "touchstone", "macro_body",
-                       "symbol", "note"},
-                      component);
+    root.remarkUnknownKeys({"format", "name", "description", "kind", "units", "layout", "layers",
+                            "shared_net", "ports", "parameters", "options", "touchstone",
+                            "macro_body", "symbol", "note"},
+                           component.warnings);
     component.name = scriptName(root["name"]);
     component.kind = root["kind"].choice({"s_parameter", "script_macro"}) == 0 ? Kind::sParameter
                                                                                : Kind::scriptMacro;
@@ -229,7 +221,7 @@ Component readComponent(const std::string& file) {
         addParameter(root["parameters"][at], component);
     component.itemPrefix = "X";
     if (const JsonNode options = root["options"]; !options.isAbsent()) {
-        remarkUnknownKeys(options, {"item_prefix"}, component);
+        options.remarkUnknownKeys({"item_prefix"}, component.warnings);
         if (const JsonNode prefix = options["item_prefix"]; !prefix.isAbsent())
             component.itemPrefix = scriptText(prefix);
     }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <limits>
+#include <set>
 
 #include "component/read_component.h"
 
@@ -39,8 +40,6 @@ Outline readPoints(const JsonNode& node, std::size_t fewest) {
 
 std::vector<Outline> readOutlines(const JsonNode& node, std::size_t fewest) {
     std::vector<Outline> outlines;
-    if (node.isAbsent())
-        return outlines;
     outlines.reserve(node.size());
     for (std::size_t at = 0; at < node.size(); ++at)
         outlines.push_back(readPoints(node[at], fewest));
@@ -54,7 +53,8 @@ LayerFigures readFigures(const JsonNode& node, const Component& component) {
     if (figures.layer == nullptr)
         node["name"].fail("a layer that the component declares, but \"" + key + "\" is not");
     figures.polygons = readOutlines(node["polygons"], 3);
-    figures.lines = readOutlines(node["lines"], 2);
+    if (const JsonNode lines = node["lines"]; !lines.isAbsent())
+        figures.lines = readOutlines(lines, 2);
     return figures;
 }
 
@@ -110,6 +110,17 @@ void checkUnits(const JsonNode& root, const Component& component) {
                  " database units for each micron");
 }
 
+/// A list is long, and its objects are alike: an unknown key is remarked on where it comes first.
+void remarkUnknownKeysOfAll(const JsonNode& list, std::set<std::string> known,
+                            std::vector<std::string>& remarks) {
+    for (std::size_t at = 0; at < list.size(); ++at) {
+        const JsonNode node = list[at];
+        node.remarkUnknownKeys(known, remarks);
+        for (std::string& key : node.keys())
+            known.insert(std::move(key));
+    }
+}
+
 } // namespace
 
 Layout readLayout(const Component& component) {
@@ -117,13 +128,22 @@ Layout readLayout(const Component& component) {
     const JsonNode root(document);
     if (const JsonNode format = root["format"]; !format.isAbsent())
         format.choice({"layout/1"});
-    checkUnits(root, component);
     Layout layout;
+    root.remarkUnknownKeys({"format", "cell", "source", "licence", "pdk", "database_unit_um",
+                            "dbu_per_um", "bbox", "counts", "layers", "texts"},
+                           layout.warnings);
+    checkUnits(root, component);
     for (std::size_t at = 0; at < root["layers"].size(); ++at)
         layout.figures.push_back(readFigures(root["layers"][at], component));
-    if (const JsonNode texts = root["texts"]; !texts.isAbsent())
+    remarkUnknownKeysOfAll(root["layers"],
+                           {"layer", "datatype", "name", "purpose", "polygons", "lines"},
+                           layout.warnings);
+    if (const JsonNode texts = root["texts"]; !texts.isAbsent()) {
         for (std::size_t at = 0; at < texts.size(); ++at)
             addLabel(texts[at], component, layout);
+        remarkUnknownKeysOfAll(texts, {"text", "layer", "datatype", "name", "purpose", "x", "y"},
+                               layout.warnings);
+    }
     return layout;
 }
 
