@@ -57,6 +57,24 @@ TEST(Place, MakesTheDesignAndPutsInstancesIntoIt) {
                                              {"I2", {"lib/coil", 0, -50500, "N = 3"}}}));
 }
 
+TEST(Place, TakesEveryFormOfANegativeNumber) {
+    PcellPlace work;
+    const auto placeAt = [&](const char* name, const char* x, const char* y) {
+        return ovalisHere({"place", work.library(), "top", "layout", name, x, y, "--master",
+                           work.library(), "coil", "layout"});
+    };
+    EXPECT_EQ(placeAt("I1", "-.5", "-.25e1").status, 0);
+    EXPECT_EQ(placeAt("I2", "-0.5", "-2.5").status, 0);
+    const Placed expected{"lib/coil", -500, -2500, "no parameters"};
+    EXPECT_EQ(placedIn(work.library()),
+              (std::map<std::string, Placed>{{"I1", expected}, {"I2", expected}}));
+    EXPECT_EQ(placeAt("I3", "-inf", "0"),
+              (Outcome{2, "", "ovalis: X is out of the range of coordinates\n"}));
+    EXPECT_EQ(placeAt("I3", "0", "-nan"),
+              (Outcome{2, "", "ovalis: Y is out of the range of coordinates\n"}));
+    EXPECT_EQ(placeAt("I3", "-.5x", "0").status, 2);
+}
+
 TEST(Place, TakesAMasterOfAnotherLibraryThatIsNoPcell) {
     PcellPlace work;
     std::filesystem::copy(work.library(), work.path("other"),

@@ -1,6 +1,7 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -312,21 +313,31 @@ void refuseEmptyValues(CLI::App& command) {
         refuseEmptyValues(*each);
 }
 
-/// "--name=" as an option and an empty value: the parser would take what follows for the value.
-std::vector<std::string> withEmptyValues(const std::vector<std::string>& arguments) {
-    std::vector<std::string> apart;
-    bool onlyValues = false;
-    for (const std::string& argument : arguments) {
-        onlyValues = onlyValues || argument == "--";
-        const std::size_t end = argument.find('=');
-        if (onlyValues || !argument.starts_with("--") || end + 1 != argument.size()) {
-            apart.push_back(argument);
-            continue;
+/// A negative number that the parser takes for an option, as no digit comes first: "-.5", "-inf".
+bool looksLikeAnOption(const std::string& argument) {
+    const char* const end = argument.data() + argument.size();
+    double number = 0;
+    return argument.starts_with("-") && argument.find_first_of("0123456789") != 1 &&
+           std::from_chars(argument.data(), end, number).ptr == end;
+}
+
+/// The arguments as the parser understands them, up to "--".
+std::vector<std::string> forParser(const std::vector<std::string>& arguments) {
+    std::vector<std::string> parsed;
+    auto next = arguments.begin();
+    for (; next != arguments.end() && *next != "--"; ++next) {
+        if (next->starts_with("--") && next->find('=') + 1 == next->size()) {
+            // Else what follows would count as the value.
+            parsed.push_back(next->substr(0, next->size() - 1));
+            parsed.emplace_back();
+        } else if (arguments.front() == "place" && looksLikeAnOption(*next)) {
+            parsed.push_back(" " + *next); // reading a number skips the blank
+        } else {
+            parsed.push_back(*next);
         }
-        apart.push_back(argument.substr(0, end));
-        apart.emplace_back();
     }
-    return apart;
+    parsed.insert(parsed.end(), next, arguments.end());
+    return parsed;
 }
 
 /// The program with every command; `options` and `run` outlive it.
@@ -375,7 +386,7 @@ int run(const std::vector<std::string>& arguments, Console& console) {
     Run run{console};
     const std::unique_ptr<CLI::App> app = makeProgram(options, run);
     try {
-        std::vector<std::string> parsed = withEmptyValues(arguments);
+        std::vector<std::string> parsed = forParser(arguments);
         std::reverse(parsed.begin(), parsed.end());
         app->parse(parsed);
     } catch (const CLI::Error& error) {
