@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "cli/library_access.h"
+#include "cli/target_library.h"
 #include "cli/technology.h"
 #include "cli/touchstone_file.h"
 #include "platform/file.h"
@@ -12,66 +13,6 @@
 
 namespace cli {
 namespace {
-
-/// The library that an export works on, with write access. One that was made here goes again unless
-/// `keep` is called.
-class TargetLibrary {
-public:
-    explicit TargetLibrary(const LibraryOptions& options)
-        : path_(directoryOf(options)),
-          isNew_(!ovalis::existsLib(path_)),
-          hadDirectory_(platform::exists(path_)) {
-        if (isNew_)
-            create(nameOf(options));
-        else
-            lib_ = ovalis::openLib(path_, true, nameOf(options));
-        if (!platform::exists(platform::joinPath(path_, ".oalib")))
-            throw std::runtime_error(path_ + ": .oalib not found");
-    }
-    TargetLibrary(const TargetLibrary&) = delete;
-    TargetLibrary& operator=(const TargetLibrary&) = delete;
-    ~TargetLibrary() {
-        lib_.reset();
-        if (isNew_ && !kept_ && !hadDirectory_)
-            removeAgain();
-    }
-
-    oa::oaLib& operator*() const { return *lib_; }
-    const std::string& path() const { return path_; }
-    bool isNew() const { return isNew_; }
-
-    /// The export succeeded.
-    void keep() { kept_ = true; }
-
-private:
-    void create(const std::string& name) {
-        if (!platform::isDirectory(platform::parentPath(path_)))
-            throw std::runtime_error(path_ + ": the directory above it does not exist");
-        try {
-            // Made and opened again, because a new library is handed out without access.
-            ovalis::createVEXCompatibleLib(path_, name).reset();
-            lib_ = ovalis::openLib(path_, true, name);
-        } catch (const std::runtime_error&) {
-            if (!hadDirectory_)
-                removeAgain();
-            throw;
-        }
-    }
-
-    void removeAgain() const noexcept {
-        try {
-            platform::removeTree(path_);
-        } catch (const platform::SystemFailure&) {
-            // An empty library is left, which does no harm.
-        }
-    }
-
-    std::string path_;
-    bool isNew_;
-    bool hadDirectory_;
-    bool kept_ = false;
-    ovalis::LibPtr lib_;
-};
 
 /// Gives a library that was made by other means the definition file that it needs to be found.
 void completeDefinitions(const std::string& path, const std::string& name) {

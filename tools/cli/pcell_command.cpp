@@ -4,21 +4,11 @@
 #include <ovalis/pcell.h>
 
 #include "cli/commands.h"
-#include "cli/library_access.h"
+#include "cli/target_library.h"
 #include "evaluation/parameters.h"
 
 namespace cli {
 namespace {
-
-ovalis::LibPtr openOrMake(const LibraryOptions& library) {
-    const std::string directory = directoryOf(library);
-    if (ovalis::existsLib(directory))
-        return ovalis::openLib(directory, true, nameOf(library));
-    requireUsablePath(directory);
-    ovalis::LibPtr made = ovalis::createVEXCompatibleLib(directory, nameOf(library));
-    made->getAccess(oa::oacWriteLibAccess, 0);
-    return made;
-}
 
 /// Makes the evaluator known when it is a plug-in.
 void requireEvaluator(const std::string& evaluator) {
@@ -42,7 +32,9 @@ int makePcellCommand(const MakePcellOptions& options, Console& console) {
         const CellViewOptions& pcell = options.pcell;
         const oa::oaParamArray params = evaluation::declaredParams(options.params);
         requireEvaluator(options.evaluator);
-        const ovalis::LibPtr lib = openOrMake(pcell.library);
+        if (!ovalis::existsLib(directoryOf(pcell.library)))
+            requireUsablePath(directoryOf(pcell.library));
+        TargetLibrary lib(pcell.library);
         if (ovalis::getCellView(*lib, pcell.cell, pcell.view) != nullptr)
             throw std::runtime_error(directoryOf(pcell.library) + ": the cell view \"" +
                                      pcell.cell + "/" + pcell.view + "\" exists");
@@ -52,6 +44,7 @@ int makePcellCommand(const MakePcellOptions& options, Console& console) {
         design->defineSuperMaster(oa::oaPcellLink::getPcellDef(ovalis::toOa(options.evaluator)),
                                   params);
         design->save();
+        lib.keep();
         console.talk << "made the pcell " << nameOf(pcell.library) << "/" << pcell.cell << "/"
                      << pcell.view << " of \"" << options.evaluator
                      << "\": " << evaluation::textOf(params) << '\n';
