@@ -14,6 +14,9 @@ std::string readBytes(const std::string& file) {
         throw InputError(file + ": no such file");
     if (platform::isDirectory(file))
         throw InputError(file + ": expected a file, found a directory");
+    // Reading a pipe waits for somebody who writes, for ever if need be.
+    if (!platform::isFile(file))
+        throw InputError(file + ": is no file");
     try {
         return platform::readFile(file);
     } catch (const platform::SystemFailure& failure) {
