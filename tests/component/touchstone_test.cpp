@@ -119,6 +119,43 @@ TEST_F(TouchstoneFile, IsRefusedWithTheLineThatIsWrong) {
     EXPECT_THROW(readTouchstone(path("")), InputError);
 }
 
+TEST_F(TouchstoneFile, MayHaveOnlyOptionsThatMeanSomething) {
+    for (const std::string word : {"XHZ", "QQ", "S11", "50", "inf", "GHzS"})
+        EXPECT_EQ(complaint("a.s1p", "! made by hand\n# " + word + " S RI R 50\n1 0 0\n"),
+                  "2: expected a unit of frequency, a kind of parameters, a format or R, found \"" +
+                      word + "\"");
+    EXPECT_EQ(complaint("a.s1p", "# S R 50 ohm\n1 0 0\n"),
+              "1: expected a unit of frequency, a kind of parameters, a format or R, found "
+              "\"ohm\"");
+    for (const char* options : {"Hz S DB", "kHz Y MA", "MHz Z RI", "GHz G ma", "ghz h ri"})
+        EXPECT_EQ(read("a.s1p", std::string("# ") + options + "\n1 0 0\n").ports, 1u);
+}
+
+TEST_F(TouchstoneFile, HoldsNoNumbersWithoutAValue) {
+    for (const std::string word : {"nan", "inf", "-inf", "infinity", "NaN", "1e999"}) {
+        EXPECT_EQ(complaint("a.s1p", "#\n1 0 0\n2 0 " + word + "\n"),
+                  "3: expected a number, found \"" + word + "\"");
+        EXPECT_EQ(complaint("a.s1p", "#\n" + word + " 0 0\n"),
+                  "2: expected a number, found \"" + word + "\"");
+        EXPECT_EQ(complaint("a.s1p", "# R " + word + "\n1 0 0\n"),
+                  "1: expected the reference impedance behind R");
+        EXPECT_EQ(complaint("a.ts", "[Version] 2.0\n#\n[Number of Ports] 1\n[Reference] " + word +
+                                        "\n[Network Data]\n1 0 0\n"),
+                  "4: expected a reference impedance above 0, found \"" + word + "\"");
+    }
+}
+
+TEST_F(TouchstoneFile, HasANumberOfPortsInAnEndingOfThatKind) {
+    for (const std::string ending :
+         {".sp", ".s0p", ".s-1p", ".S+1P", ".s99999999999p", ".s10001p", ".s1,5p"})
+        EXPECT_EQ(complaint("a" + ending, "#\n1 0 0\n"),
+                  " expected a number of ports from 1 to 10000 in the ending of the name, found "
+                  "\"" +
+                      ending + "\"");
+    for (const char* name : {"a.snp", "a.step", "a.s", "a.p", "a.sap1", "sp", "a.s01p"})
+        EXPECT_EQ(read(name, "#\n1 0 0\n").ports, 1u);
+}
+
 TEST_F(TouchstoneFile, NamesItsPortsInComments) {
     EXPECT_THAT(
         read("a.s3p", "! Port[1] = in:1\n!Port[2]=out\n! PORT 3 : \"with blank\"\n#\n" + row(1, 19))

@@ -17,12 +17,24 @@ using Words = std::vector<std::string_view>;
 /// More would be a slip of the pen, and its matrix would not fit into memory.
 constexpr std::uint32_t mostPorts = 10000;
 
+/// What the name of the file tells; nothing when it does not end as those with ports do.
+std::optional<std::uint32_t> tellPorts(const std::string& file) {
+    const std::string name = platform::fileName(file);
+    const auto stated = portsOfName(name);
+    if (!stated)
+        return std::nullopt;
+    const auto ports = countOf(*stated);
+    if (!ports || *ports == 0 || *ports > mostPorts)
+        throw InputError(file + ": expected a number of ports from 1 to " +
+                         std::to_string(mostPorts) + " in the ending of the name, found \"" +
+                         name.substr(name.rfind('.')) + "\"");
+    return ports;
+}
+
 class TouchstoneReader {
 public:
     TouchstoneReader(std::string file, std::string_view text)
-        : file_(std::move(file)),
-          rest_(text),
-          portsOfName_(portsOfName(platform::fileName(file_))) {}
+        : file_(std::move(file)), rest_(text), portsOfName_(tellPorts(file_)) {}
 
     Touchstone read() {
         if (rest_.starts_with("\xef\xbb\xbf"))
@@ -69,14 +81,24 @@ private:
         if (hasOptions_)
             return; // the first one counts
         hasOptions_ = true;
-        const auto sign =
-            std::ranges::find_if(words, [](std::string_view word) { return sameWord(word, "R"); });
-        if (sign == words.end())
-            return;
-        for (auto word = sign + 1; word != words.end() && numberOf(*word); ++word)
-            addImpedance(*word);
-        if (impedances_.empty())
-            fail("expected the reference impedance behind R");
+        for (auto word = words.begin(); word != words.end();) {
+            if (!sameWord(*word, "R")) {
+                requireOption(*word++);
+                continue;
+            }
+            while (++word != words.end() && numberOf(*word))
+                addImpedance(*word);
+            if (impedances_.empty())
+                fail("expected the reference impedance behind R");
+        }
+    }
+
+    void requireOption(std::string_view word) const {
+        constexpr std::string_view options[] = {"Hz", "kHz", "MHz", "GHz", "S",  "Y",
+                                                "Z",  "G",   "H",   "DB",  "MA", "RI"};
+        if (std::ranges::none_of(options, [&](auto option) { return sameWord(word, option); }))
+            fail("expected a unit of frequency, a kind of parameters, a format or R, found \"" +
+                 std::string(word) + "\"");
     }
 
     void addImpedance(std::string_view word) {

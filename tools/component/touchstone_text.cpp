@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 
 namespace component {
@@ -69,7 +70,7 @@ std::optional<double> numberOf(std::string_view word) {
         return std::nullopt;
     double number = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || end != word.data() + word.size())
+    if (error != std::errc() || end != word.data() + word.size() || !std::isfinite(number))
         return std::nullopt;
     return number;
 }
@@ -82,14 +83,17 @@ std::optional<std::uint32_t> countOf(std::string_view word) {
     return count;
 }
 
-std::optional<std::uint32_t> portsOfName(std::string_view fileName) {
+std::optional<std::string_view> portsOfName(std::string_view fileName) {
     const std::size_t dot = fileName.rfind('.');
     if (dot == std::string_view::npos)
         return std::nullopt;
     std::string_view ending = fileName.substr(dot + 1);
-    if (ending.size() < 3 || lower(ending.front()) != 's' || lower(ending.back()) != 'p')
+    if (ending.size() < 2 || lower(ending.front()) != 's' || lower(ending.back()) != 'p')
         return std::nullopt;
-    return countOf(ending.substr(1, ending.size() - 2));
+    ending = ending.substr(1, ending.size() - 2);
+    // Other words begin and end so too: ".step".
+    const auto isLetter = [](char c) { return lower(c) >= 'a' && lower(c) <= 'z'; };
+    return std::ranges::any_of(ending, isLetter) ? std::nullopt : std::optional(ending);
 }
 
 std::optional<PortName> portNameIn(std::string_view comment) {

@@ -15,12 +15,13 @@ std::string_view trimmed(std::string_view text);
 
 bool sameWord(std::string_view first, std::string_view second);
 
-/// The number that a word is as a whole.
+/// The number that a word is as a whole; "inf" and "nan" are none.
 std::optional<double> numberOf(std::string_view word);
 std::optional<std::uint32_t> countOf(std::string_view word);
 
-/// The number of ports that the ending of a file name gives: 3 for "file.s3p".
-std::optional<std::uint32_t> portsOfName(std::string_view fileName);
+/// What the ending of a file name gives as the number of ports: "3" for "file.s3p", "" for
+/// "file.sp". Nothing when the ending is of another kind.
+std::optional<std::string_view> portsOfName(std::string_view fileName);
 
 /// A comment that names a port, such as "Port[1] = in" or "Port 2: out".
 struct PortName {
