@@ -73,6 +73,17 @@ TEST(NewLibrary, GoesAgainWhenThePcellInItFails) {
     EXPECT_THAT(namesIn(work.path("")), IsEmpty());
 }
 
+TEST(NewLibrary, HasANameThatItsListCanHold) {
+    const Workplace work;
+    for (const std::string name : {"a\"b", "#a", "--a", "a\x7F"})
+        EXPECT_EQ(
+            work.exportIt({"--name=" + name}),
+            (Outcome{2, "",
+                     "ovalis: " + work.library() +
+                         ": a library definition file cannot hold the name '" + name + "'\n"}));
+    EXPECT_FALSE(fs::exists(work.library()));
+}
+
 TEST(NewLibrary, MayBeMadeInAnEmptyDirectoryWhichStays) {
     const Workplace work;
     fs::create_directory(work.library());

@@ -1,5 +1,6 @@
 #include "cli/target_library.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "platform/file.h"
@@ -12,6 +13,16 @@ namespace {
 /// A directory beside the library that no other process uses.
 std::string besideIt(const std::string& path, const char* purpose) {
     return path + ".ovalis-" + purpose + "-" + std::to_string(platform::currentProcessId());
+}
+
+/// The new library defines itself in its list, where names stand as they are.
+void requireDefinable(const std::string& path, const std::string& name) {
+    const bool isComment = name.starts_with('#') || name.starts_with("--");
+    const bool isOneWord = std::ranges::none_of(
+        name, [](unsigned char c) { return c <= ' ' || c == 0x7F || c == '"'; });
+    if (isComment || !isOneWord)
+        throw std::runtime_error(path + ": a library definition file cannot hold the name '" +
+                                 name + "'");
 }
 
 void removeQuietly(const std::string& directory) noexcept {
@@ -44,6 +55,7 @@ TargetLibrary::~TargetLibrary() {
 void TargetLibrary::make(const std::string& name) {
     if (!platform::isDirectory(platform::parentPath(path_)))
         throw std::runtime_error(path_ + ": the directory above it does not exist");
+    requireDefinable(path_, name);
     if (hadDirectory_)
         ovalis::createVEXCompatibleLib(path_, name).reset();
     else
