@@ -1,3 +1,5 @@
+#include <set>
+
 #include <gtest/gtest.h>
 
 #include "platform/ordinary_user.h"
@@ -64,6 +66,23 @@ TEST(Permission, ALibraryIsLeftAloneWithoutIt) {
         EXPECT_EQ(ovalisHere({"check", place.work.library()}), (Outcome{0, "", ""}));
     }
     EXPECT_EQ(place.work.tree(), before);
+}
+
+TEST(Permission, ACopyThatFailsOnTheWayLeavesNothing) {
+    const ForbiddenPlace place;
+    const std::string top = place.work.path("");
+    fs::permissions(top, fs::perms(0777));
+    ASSERT_EQ(place.exportHere().status, 0);
+    const std::string file = place.work.library() + "/coil/symbol/symbol.oa";
+    fs::permissions(file, fs::perms(0));
+    const OrdinaryUser user;
+    const Outcome copied = ovalisHere({"copy", place.work.library(), place.work.path("copy")});
+    EXPECT_EQ(copied.status, 2);
+    EXPECT_NE(copied.talk.find("Permission denied"), std::string::npos) << copied.talk;
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(top))
+        names.insert(entry.path().filename());
+    EXPECT_EQ(names, (std::set<std::string>{"component.json", "layout.json", "lib"}));
 }
 
 TEST(Permission, AComponentThatMayNotBeReadIsNamed) {

@@ -1,3 +1,4 @@
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 
@@ -6,10 +7,13 @@
 #include "cli/library_tree.h"
 #include "cli/progress_bar.h"
 #include "platform/file.h"
+#include "platform/file_lock.h"
 #include "platform/path.h"
 
 namespace cli {
 namespace {
+
+constexpr const char* marker = ".oalib";
 
 /// The bytes of all files below a directory, links not followed; what cannot be looked at does not
 /// count.
@@ -51,7 +55,7 @@ void requireFreePlace(const std::string& source, const std::string& destination)
 /// As the library's own copy does it: only the first mark goes.
 void removeReadOnlyMark(const std::string& library) {
     constexpr std::string_view marked = "libReadOnly=\"Yes\"";
-    const std::string file = platform::joinPath(library, ".oalib");
+    const std::string file = platform::joinPath(library, marker);
     std::string text = platform::readFile(file);
     const std::size_t place = text.find(marked);
     if (place == std::string::npos)
@@ -59,6 +63,42 @@ void removeReadOnlyMark(const std::string& library) {
     text.replace(place, marked.size(), "libReadOnly=\"No\"");
     ovalis::writeoaFile(file, text, false);
 }
+
+/// The directory beside the destination where the copy is made out of sight, and from where it
+/// takes its place as a whole. Goes again with all that is in it, and with what a process that was
+/// killed has left there.
+class CopyPlace {
+public:
+    explicit CopyPlace(const std::string& destination)
+        : path_(beside(destination, ".ovalis-copy-")),
+          lock_(platform::FileLock::tryAcquire(beside(destination, ".ovalis-copy."),
+                                               platform::LockKind::exclusive)) {
+        if (!lock_)
+            throw std::runtime_error(destination + ": another process is copying to it");
+        platform::removeTree(path_);
+    }
+    CopyPlace(const CopyPlace&) = delete;
+    CopyPlace& operator=(const CopyPlace&) = delete;
+    ~CopyPlace() {
+        try {
+            platform::removeTree(path_);
+        } catch (const platform::SystemFailure&) {
+            // What is left does not look like the copy, and the next one clears it.
+        }
+    }
+
+    const std::string& path() const { return path_; }
+
+private:
+    static std::string beside(const std::string& destination, const char* prefix) {
+        const std::string absolute = platform::absolutePath(destination);
+        return platform::joinPath(platform::parentPath(destination),
+                                  prefix + platform::fileName(absolute));
+    }
+
+    std::string path_;
+    std::optional<platform::FileLock> lock_;
+};
 
 void copyTree(const LibraryTree& tree, const std::string& destination, const std::string& name) {
     tree.copyTo(destination);
@@ -76,15 +116,18 @@ int copyCommand(const CopyOptions& options, Console& console) {
     if (!ovalis::existsLib(source))
         throw std::runtime_error("OA Library not found at " + source);
     requireFreePlace(source, destination);
+    if (!platform::isFile(platform::joinPath(source, marker)))
+        throw std::runtime_error(source + ": " + marker + " not found");
     const LibraryTree tree(source);
     const std::uint64_t bytes = tree.bytes();
-    try {
-        const ProgressBar bar(console, bytes, [&destination] { return bytesBelow(destination); });
-        copyTree(tree, destination, nameOf(options.destination));
-    } catch (const std::runtime_error&) {
-        platform::removeTree(destination);
-        throw;
+    const CopyPlace place(destination);
+    {
+        const ProgressBar bar(console, bytes, [&place] { return bytesBelow(place.path()); });
+        copyTree(tree, place.path(), nameOf(options.destination));
     }
+    if (platform::exists(destination))
+        throw std::runtime_error(destination + ": exists already");
+    platform::renameFile(place.path(), destination);
     console.talk << "copied " << source << " to " << destination << '\n';
     return success;
 }
