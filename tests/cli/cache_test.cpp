@@ -204,6 +204,20 @@ TEST(CacheExplain, AHitNamesTheFile) {
               (Outcome{0, "lib/coil/layout: N = 2\nis served by " + stored + "\n", ""}));
 }
 
+TEST(CacheExplain, AnEntryThatCannotBeReadServesNobody) {
+    PcellPlace work;
+    const std::string stored = entryPath(work.put());
+    writeText(stored, "");
+    EXPECT_EQ(work.onCoil({"cache", "explain"}),
+              (Outcome{1,
+                       "lib/coil/layout: N = 2\n"
+                       "has an entry that cannot be read: File '" +
+                           stored +
+                           "' is not a sound database: it is shorter than the header of a "
+                           "database file.\n",
+                       ""}));
+}
+
 TEST(CacheExplain, AMissNamesWhatDiffersFromTheNearestEntry) {
     PcellPlace work;
     work.put();

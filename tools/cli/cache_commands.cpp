@@ -117,6 +117,16 @@ void requireCached(const PcellTarget& target) {
                                  target.pcell.evaluator() + "\" does not use the cache");
 }
 
+int explainEntry(const std::string& path, Console& console) {
+    const std::string damage = evaluation::EntryReader().damageOf(path);
+    if (damage.empty()) {
+        console.out << "is served by " << path << '\n';
+        return success;
+    }
+    console.out << "has an entry that cannot be read: " << damage << '\n';
+    return somethingMissing;
+}
+
 } // namespace
 
 int cacheListCommand(const CacheOptions& options, Console& console) {
@@ -190,10 +200,8 @@ int cacheExplainCommand(const PcellOptions& options, Console& console) {
         const std::string hash = target.identity().hash;
         console.out << target.pcell.name().text() << ": " << evaluation::textOf(target.params())
                     << '\n';
-        if (cache.has(hash)) {
-            console.out << "is served by " << cache.pathOf(hash) << '\n';
-            return success;
-        }
+        if (cache.has(hash))
+            return explainEntry(cache.pathOf(hash), console);
         console.out << "has no entry " << hash << '\n';
         const std::vector<CacheUse> uses = usesIn(target.libraries, console);
         if (const std::optional<CacheUse> nearest = nearestOf(target, cache, uses))
