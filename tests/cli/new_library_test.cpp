@@ -57,6 +57,16 @@ TEST(NewLibrary, IsWholeWhenTwoMakeItAtOnce) {
     }
 }
 
+TEST(NewLibrary, IsNotCheckedWhenSomebodyElseHasItByThen) {
+    const Workplace work;
+    ovalis::LibPtr taken;
+    const ExportReport report = work.exportWatched([&](Step step) {
+        if (step == Step::newCellInPlace)
+            taken = ovalis::openLib(work.library(), true, "lib");
+    });
+    EXPECT_THAT(report.lacks, testing::StartsWith("not checked: "));
+}
+
 TEST(NewLibrary, LeavesNothingBesideItWhenItGoesAgain) {
     const Workplace work;
     work.componentFile();

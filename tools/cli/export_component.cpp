@@ -87,6 +87,17 @@ void buildCell(oa::oaLib& lib, component::Component component, const component::
     watcher(Step::symbolDrawn);
 }
 
+/// What the library lacks besides the new cell, one line each. Somebody else may work in it by now.
+std::string lacksOf(const LibraryOptions& library) {
+    std::string lacks;
+    try {
+        ovalis::existsVEXCompatibleLib(directoryOf(library), nameOf(library), &lacks);
+    } catch (const std::runtime_error& error) {
+        lacks += std::string("not checked: ") + error.what() + "\n";
+    }
+    return lacks;
+}
+
 } // namespace
 
 ExportReport exportComponent(const component::Component& component, const component::Layout& layout,
@@ -108,7 +119,7 @@ ExportReport exportComponent(const component::Component& component, const compon
         target.keep();
     }
     watcher(Step::newCellInPlace);
-    ovalis::existsVEXCompatibleLib(directoryOf(library), nameOf(library), &report.lacks);
+    report.lacks = lacksOf(library);
     return report;
 }
 
