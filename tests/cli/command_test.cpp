@@ -110,6 +110,18 @@ TEST(Check, ListsWhatIsMissingWithStatus1) {
                        ""}));
 }
 
+TEST(Check, NamesViewsWithoutTheirDesign) {
+    const Workplace work;
+    ASSERT_EQ(work.exportIt().status, 0);
+    writeText(work.library() + "/coil/symbol/symbol.oa", "");
+    std::filesystem::remove(work.library() + "/coil/layout/layout.oa");
+    EXPECT_EQ(ovalisHere({"check", work.library()}),
+              (Outcome{1,
+                       "coil/layout: layout.oa has no content\n"
+                       "coil/symbol: symbol.oa has no content\n",
+                       ""}));
+}
+
 TEST(Check, ReportsAPathWithBlanks) {
     const Workplace work;
     ASSERT_EQ(work.exportIt().status, 0);
