@@ -24,7 +24,7 @@ std::string failureOf(Body body) {
 
 TEST_F(OpenLibrariesTest, WithoutADirectoryThereIsNoLibrary) {
     const std::string list = pathOf("all.defs");
-    ovalis::test::writeText(list, "");
+    ovalis::test::writeText(filePath("all.defs"), "");
     OpenLibraries libraries("", "", list);
     const std::string text = "the name of a library's directory is empty";
     EXPECT_EQ(failureOf([&] { libraries.library(); }), text);
