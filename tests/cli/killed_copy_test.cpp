@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/child_process.h"
+#include "platform/file.h"
 #include "workplace.h"
 
 namespace cli::test {
@@ -35,7 +36,7 @@ TEST(KilledCopy, IsWholeOrNotThere) {
     for (int kill = 0; kill < kills; ++kill) {
         copyAndKill(work, std::chrono::milliseconds(kill % 2 == 0 ? kill : kill * 37 % 200));
         ASSERT_TRUE(!fs::exists(copy) || treeOf(copy) == whole) << kill;
-        fs::remove_all(copy);
+        platform::removeTree(copy);
     }
     ASSERT_EQ(ovalisHere({"copy", work.library(), copy}).status, 0);
     EXPECT_TRUE(treeOf(copy) == whole);

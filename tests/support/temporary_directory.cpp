@@ -1,6 +1,10 @@
 #include "support/temporary_directory.h"
 
+#include "platform/file.h"
+
+#include <chrono>
 #include <random>
+#include <thread>
 
 namespace ovalis::test {
 
@@ -10,6 +14,24 @@ std::string utf8(const fs::path& path) {
     const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
 }
+
+namespace {
+
+/// Files of programs that have just ended may still be in use. (remove_all() of the standard
+/// library would never return when one of them goes between its being listed and its being
+/// removed.)
+void removeWhenFree(const std::string& directory) {
+    constexpr int attempts = 50;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        try {
+            return platform::removeTree(directory);
+        } catch (const platform::SystemFailure&) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+}
+
+} // namespace
 
 TemporaryDirectory::TemporaryDirectory() {
     std::random_device random;
@@ -27,7 +49,7 @@ TemporaryDirectory::~TemporaryDirectory() {
         if (it->is_directory(ignored) && !it->is_symlink(ignored))
             fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, ignored);
     }
-    fs::remove_all(path_, ignored);
+    removeWhenFree(str());
 }
 
 std::string TemporaryDirectory::str() const {
