@@ -1,9 +1,8 @@
 #include "evaluation/open_libraries.h"
 
-#include <stdexcept>
-
 #include <gtest/gtest.h>
 
+#include "failure_of.h"
 #include "support/files.h"
 #include "support/library_fixture.h"
 
@@ -11,16 +10,6 @@ namespace evaluation {
 namespace {
 
 class OpenLibrariesTest : public ovalis::test::LibraryTest {};
-
-template <class Body>
-std::string failureOf(Body body) {
-    try {
-        body();
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-    return "nothing";
-}
 
 TEST_F(OpenLibrariesTest, WithoutADirectoryThereIsNoLibrary) {
     const std::string list = pathOf("all.defs");

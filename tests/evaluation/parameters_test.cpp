@@ -1,8 +1,8 @@
 #include "evaluation/parameters.h"
 
-#include <stdexcept>
-
 #include <gtest/gtest.h>
+
+#include "failure_of.h"
 
 namespace evaluation {
 namespace {
@@ -11,16 +11,6 @@ namespace {
 oa::oaParamArray everyType() {
     return declaredParams(
         {"n:int=3", "f:float=0.5", "s:string=a b", "d:double=2.5", "b:boolean=true", "t:time=-1"});
-}
-
-template <class Action>
-std::string failureOf(Action action) {
-    try {
-        action();
-    } catch (const std::runtime_error& error) {
-        return error.what();
-    }
-    return "";
 }
 
 std::string refusalOf(const std::string& assignment) {

@@ -23,9 +23,8 @@ struct JsonDocument {
 };
 
 /// Reads and parses a whole file.
-/// @throws InputError  the file cannot be read, or is not JSON, then line and column are named, or
-/// an
-///                     object gives a key twice.
+/// @throws InputError  the file cannot be read, is not JSON, which is told with line and column, or
+///                     has an object that gives a key twice.
 JsonDocument readJson(const std::string& file);
 
 /// A value inside a document that knows its JSON pointer, so that every complaint can name it.
